@@ -1,0 +1,44 @@
+# Front door: make run | make test | make sanitize | make bench
+BUILD      ?= build
+SAN_BUILD  ?= build-sanitize
+JOBS       ?= $(shell nproc)
+CMAKE_GEN  := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
+
+.PHONY: all deps build run test sanitize bench format clean
+
+all: build
+
+deps:
+	@./scripts/install-deps.sh
+
+$(BUILD)/CMakeCache.txt: | deps
+	cmake -S . -B $(BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release
+
+build: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	@echo "The main window is not built yet; here is lumivar-cli on the example spectrum:"
+	@echo "  $(BUILD)/cli/lumivar-cli calc examples/white_led.txt"
+	@echo
+	@$(BUILD)/cli/lumivar-cli calc examples/white_led.txt
+	@echo
+	@echo "Try: $(BUILD)/cli/lumivar-cli calc --help"
+
+test: build
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+sanitize: deps
+	cmake -S . -B $(SAN_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Debug -DLUMIVAR_SANITIZE=ON
+	cmake --build $(SAN_BUILD) -j $(JOBS)
+	cd $(SAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+		ctest --output-on-failure -j $(JOBS)
+
+bench: build
+	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; $$b --benchmark_min_time=0.5; done
+
+format:
+	clang-format -i $$(git ls-files '*.cpp' '*.h' | grep -v '/data/')
+
+clean:
+	rm -rf $(BUILD) $(SAN_BUILD)

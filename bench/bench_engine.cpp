@@ -1,0 +1,64 @@
+// Per-call cost of the engine's hot path on a white LED-like spectrum.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <vector>
+
+#include "Vantrel.h"
+
+namespace {
+// Blue pump at 450 nm and a broad phosphor band at 570 nm: about 5000 K.
+std::vector<double> whiteLed() {
+    std::vector<double> s(Vantrel::NUM_GRID_POINTS);
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
+        const double nm = 360.0 + 2.0 * i;
+        const double blue = (nm - 450.0) / 10.0;
+        const double phosphor = (nm - 570.0) / 55.0;
+        s[i] = 0.6 * std::exp(-0.5 * blue * blue) + std::exp(-0.5 * phosphor * phosphor);
+    }
+    return s;
+}
+
+void BM_calcCCT(benchmark::State& state) {
+    const bool fast = state.range(0) != 0;
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    for (auto _ : state) {
+        v.calcCCT(s.data(), fast);
+        benchmark::DoNotOptimize(v.getCCT());
+    }
+    state.SetLabel(fast ? "fast" : "exact");
+}
+BENCHMARK(BM_calcCCT)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+void BM_color(benchmark::State& state) {
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    v.calcCCT(s.data(), false);
+    for (auto _ : state) {
+        v.color(s.data(), false, false);
+        benchmark::DoNotOptimize(v.getXcoord());
+    }
+}
+BENCHMARK(BM_color)->Unit(benchmark::kMicrosecond);
+
+void BM_calcAll(benchmark::State& state) {
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    for (auto _ : state) {
+        v.calcAll(s.data(), false, false);
+        benchmark::DoNotOptimize(v.getCCT());
+    }
+}
+BENCHMARK(BM_calcAll)->Unit(benchmark::kMicrosecond);
+
+void BM_construct(benchmark::State& state) {
+    for (auto _ : state) {
+        Vantrel v;
+        benchmark::DoNotOptimize(v.getCCT());
+    }
+}
+BENCHMARK(BM_construct)->Unit(benchmark::kMicrosecond);
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,146 @@
+#include "CalcCommand.h"
+
+#include <cstdio>
+#include <istream>
+#include <ostream>
+
+#include "AppConstants.h"
+#include "ResultFields.h"
+#include "SpectrumFile.h"
+#include "Vantrel.h"
+
+namespace {
+
+constexpr const char* STDIN_NAME = "-";
+
+int usageError(std::ostream& err, const std::string& message) {
+    err << CLI_PROGRAM_NAME << ": " << message << '\n' << calcUsage();
+    return EXIT_USAGE;
+}
+
+// One line on err: "lumivar-cli: FILE:LINE: message", without LINE when it is 0.
+void report(std::ostream& err, const std::string& file, int line, const std::string& message) {
+    err << CLI_PROGRAM_NAME << ": " << file << ':';
+    if (line > 0) err << line << ':';
+    err << ' ' << message << '\n';
+}
+
+std::string preciseText(const ResultField& field) {
+    if (!field.defined) return UNDEFINED_TERM;
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%.10g", field.value);
+    return buf;
+}
+
+void printRow(std::ostream& out, const std::string& file, const std::vector<ResultField>& fields,
+              bool precise) {
+    out << file;
+    for (const ResultField& field : fields)
+        out << '\t' << (precise ? preciseText(field) : field.text);
+    out << '\n';
+}
+
+// Computes one file and prints its row; false when the input was not clean.
+bool calcFile(const std::string& file, int observer, bool precise, std::istream& in,
+              std::ostream& out, std::ostream& err) {
+    const SpectrumReadResult read = file == STDIN_NAME ? readSpectrum(in) : readSpectrumFile(file);
+    if (!read.ok) {
+        report(err, file, read.errorLine, read.error);
+        return false;
+    }
+    double grid[Vantrel::NUM_GRID_POINTS];
+    std::string error;
+    if (!toGrid(read.data, grid, &error)) {
+        report(err, file, 0, error);
+        return false;
+    }
+    if (read.firstNegativeLine > 0) {
+        report(err, file, read.firstNegativeLine, "negative values set to 0");
+    }
+    // A fresh calculator per file: engines keep results between runs, and a row must not
+    // depend on the files before it.
+    SpectrumCalculator calculator;
+    calculator.setObserver(observer);
+    printRow(out, file, mainResultFields(calculator.calculate(grid)), precise);
+    return read.firstNegativeLine == 0;
+}
+
+}  // namespace
+
+const char* cliUsage() {
+    return "Usage: lumivar-cli COMMAND [OPTION...] [FILE...]\n"
+           "\n"
+           "Commands:\n"
+           "  calc    main results of spectrum files, one table row per file\n"
+           "\n"
+           "Run 'lumivar-cli calc --help' for the options of calc.\n";
+}
+
+const char* calcUsage() {
+    return "Usage: lumivar-cli calc [--observer 0|1|2|3] [--precise] [FILE ...]\n"
+           "\n"
+           "Prints the main results of each spectrum FILE as a tab-separated table: a header\n"
+           "row, then one row per file. A FILE holds two columns, wavelength (nm) and W/nm,\n"
+           "separated by blanks, tabs, commas or semicolons (with semicolons a comma may be the\n"
+           "decimal point), with an optional header line and '#' comments. With no FILE, or\n"
+           "where FILE is -, reads standard input.\n"
+           "\n"
+           "  --observer N  observer of the main results: 0 CIE 1931 2 deg (default),\n"
+           "                1 CIE 1964 10 deg, 2 CIE 2015 2 deg, 3 CIE 2015 10 deg\n"
+           "  --precise     unrounded values (%.10g) instead of the window's formatting\n"
+           "  -h, --help    show this help\n"
+           "\n"
+           "Exit status: 0 when every file was computed from clean input, 1 when a file\n"
+           "failed or had negative values (computed as 0), 2 on wrong usage.\n";
+}
+
+int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream& out,
+            std::ostream& err) {
+    int observer = 0;
+    bool precise = false;
+    bool optionsEnded = false;
+    std::vector<std::string> files;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& arg = args[i];
+        if (optionsEnded || arg == STDIN_NAME || arg.empty() || arg[0] != '-') {
+            files.push_back(arg);
+        } else if (arg == "--") {
+            optionsEnded = true;
+        } else if (arg == "-h" || arg == "--help") {
+            out << calcUsage();
+            return EXIT_ALL_GOOD;
+        } else if (arg == "--precise") {
+            precise = true;
+        } else if (arg == "--observer" || arg.rfind("--observer=", 0) == 0) {
+            std::string value;
+            if (arg == "--observer") {
+                if (i + 1 == args.size()) return usageError(err, "--observer needs a value");
+                value = args[++i];
+            } else {
+                value = arg.substr(arg.find('=') + 1);
+            }
+            if (value.size() != 1 || value[0] < '0' || value[0] > '3') {
+                return usageError(err, "--observer must be 0, 1, 2 or 3, not '" + value + "'");
+            }
+            observer = value[0] - '0';
+        } else {
+            return usageError(err, "unknown option '" + arg + "'");
+        }
+    }
+    if (files.empty()) files.push_back(STDIN_NAME);
+
+    out << "file";
+    for (const ResultField& field : mainResultFields(SpectrumResults())) out << '\t' << field.name;
+    out << '\n';
+
+    int status = EXIT_ALL_GOOD;
+    for (const std::string& file : files) {
+        if (!calcFile(file, observer, precise, in, out, err)) status = EXIT_INPUT_PROBLEM;
+    }
+    out.flush();
+    if (!out) {
+        err << CLI_PROGRAM_NAME << ": cannot write the results\n";
+        status = EXIT_INPUT_PROBLEM;
+    }
+    return status;
+}

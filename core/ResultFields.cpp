@@ -1,0 +1,113 @@
+#include "ResultFields.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "AppConstants.h"
+#include "ValueFormat.h"
+
+SpectrumCalculator::SpectrumCalculator() { engine10.setCIE_XYZ_bar_type(3); }
+
+SpectrumResults SpectrumCalculator::calculate(const double* spectrum) {
+    SpectrumResults r;
+    engine.calcAll(spectrum, false, true, true);
+    r.lumens = engine.getLumens();
+    r.wattsVis = engine.getWattsVis();
+    r.cct = engine.getCCT();
+    r.x = engine.getXcoord();
+    r.y = engine.getYcoord();
+    r.up = engine.getUcoord_1976();
+    r.vp = engine.getVcoord_1976();
+    r.duv = engine.getDeltaUVPlanck();
+    r.dupvp = engine.getDeltaUpVpPlanck();
+    r.domWL = engine.getDomWL();
+    r.purity = engine.getPurity();
+    engine.getXYZ(&r.X, &r.Y, &r.Z);
+    r.scotopicLumens = engine.getScotopicLumens(spectrum);
+
+    engine10.calcAll(spectrum, false, true);
+    r.cct10 = engine10.getCCT();
+    r.x10 = engine10.getXcoord();
+    r.y10 = engine10.getYcoord();
+    r.up10 = engine10.getUcoord_1976();
+    r.vp10 = engine10.getVcoord_1976();
+    r.duv10 = engine10.getDeltaUVPlanck();
+    r.dupvp10 = engine10.getDeltaUpVpPlanck();
+    r.lumens10 = engine10.getLumens();
+    return r;
+}
+
+namespace {
+ResultField undefinedField(const char* name) { return {name, UNDEFINED_TERM, false, 0.0}; }
+
+// A value that is not a finite number has no meaning to show.
+ResultField field(const char* name, double value, const std::string& text) {
+    if (!std::isfinite(value)) return undefinedField(name);
+    return {name, text, true, value};
+}
+
+ResultField valueField(const char* name, double value) {
+    return field(name, value, ValueFormat::getValueAsString(value));
+}
+
+ResultField fixedField(const char* name, double value, int decimals) {
+    return field(name, value, ValueFormat::format("%.*lf", decimals, value));
+}
+
+// A distance smaller than the last shown decimal is shown without its sign, so that no
+// negative zero appears.
+ResultField distanceField(const char* name, double value, int decimals, double limit) {
+    const double shown = std::fabs(value) < limit ? std::fabs(value) : value;
+    return field(name, value, ValueFormat::format("%.*lf", decimals, shown));
+}
+
+ResultField cctField(const char* name, double cct, double duv) {
+    char buf[16];
+    Vantrel::getCCTstring(buf, cct, duv);
+    if (std::string(buf) == UNDEFINED_TERM) return undefinedField(name);
+    return field(name, cct, buf);
+}
+
+// Mired from the CCT as the CCT field shows it; texts such as "<1000" give no value.
+ResultField miredField(const ResultField& cctShown) {
+    const double shown = cctShown.defined ? std::strtod(cctShown.text.c_str(), nullptr) : 0.0;
+    if (!(shown > 1.0)) return undefinedField("Mired");
+    return field("Mired", 1e6 / cctShown.value, ValueFormat::format("%.0lf", 1e6 / shown));
+}
+}  // namespace
+
+std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals) {
+    const double smallest = std::pow(10.0, -numDecimals);
+    std::vector<ResultField> f;
+    f.reserve(26);
+    f.push_back(valueField("Lumens", r.lumens));
+    f.push_back(valueField("Vis watt", r.wattsVis));
+    f.push_back(r.wattsVis > 0 ? valueField("LER", r.lumens / r.wattsVis) : undefinedField("LER"));
+    f.push_back(cctField("CCT", r.cct, r.duv));
+    f.push_back(miredField(f.back()));
+    f.push_back(fixedField("x", r.x, numDecimals));
+    f.push_back(fixedField("y", r.y, numDecimals));
+    f.push_back(fixedField("u'", r.up, numDecimals));
+    f.push_back(fixedField("v'", r.vp, numDecimals));
+    f.push_back(distanceField("Duv", r.duv, numDecimals, smallest));
+    f.push_back(distanceField("Du'v'", r.dupvp, numDecimals, smallest));
+    const bool hasDomWL = r.domWL > 0;
+    f.push_back(hasDomWL ? fixedField("dom WL", r.domWL, 1) : undefinedField("dom WL"));
+    f.push_back(hasDomWL ? fixedField("Purity (%)", 100.0 * r.purity, 1)
+                         : undefinedField("Purity (%)"));
+    f.push_back(valueField("X", r.X));
+    f.push_back(valueField("Y", r.Y));
+    f.push_back(valueField("Z", r.Z));
+    f.push_back(valueField("Lumens (S)", r.scotopicLumens));
+    f.push_back(r.lumens != 0 ? fixedField("S/P ratio", r.scotopicLumens / r.lumens, 2)
+                              : undefinedField("S/P ratio"));
+    f.push_back(cctField("CCT (F,10)", r.cct10, r.duv10));
+    f.push_back(fixedField("x (F,10)", r.x10, numDecimals));
+    f.push_back(fixedField("y (F,10)", r.y10, numDecimals));
+    f.push_back(fixedField("u' (F,10)", r.up10, numDecimals));
+    f.push_back(fixedField("v' (F,10)", r.vp10, numDecimals));
+    f.push_back(distanceField("Duv (F,10)", r.duv10, numDecimals, 1e-4));
+    f.push_back(distanceField("Du'v' (F,10)", r.dupvp10, numDecimals, 1e-4));
+    f.push_back(valueField("Lumens (F,10)", r.lumens10));
+    return f;
+}

@@ -1,0 +1,54 @@
+// The results of one spectrum as the main window shows them: each value under its field name,
+// both as the engine gives it and as the window formats it.
+#ifndef LUMIVAR_CORE_RESULTFIELDS_H
+#define LUMIVAR_CORE_RESULTFIELDS_H
+
+#include <string>
+#include <vector>
+
+#include "Vantrel.h"
+
+// Raw engine values of one calculation by both engines.
+struct SpectrumResults {
+    double lumens = 0;    // 1931 2° (or the chosen observer) engine
+    double wattsVis = 0;  // W
+    double cct = 0;
+    double x = 0, y = 0, up = 0, vp = 0;
+    double duv = 0, dupvp = 0;  // signed distances to the Planck locus in uv and u'v'
+    double domWL = 0, purity = 0;
+    double X = 0, Y = 0, Z = 0;  // from x, y and lumens
+    double scotopicLumens = 0;
+    // The second engine, on the CIE 2015 10° observer.
+    double cct10 = 0, x10 = 0, y10 = 0, up10 = 0, vp10 = 0, duv10 = 0, dupvp10 = 0, lumens10 = 0;
+};
+
+// One result field: its name, the text the window shows and the unrounded value.
+struct ResultField {
+    std::string name;
+    std::string text;     // window format, or UNDEFINED_TERM
+    bool defined = true;  // false where the window shows UNDEFINED_TERM
+    double value = 0;     // unrounded engine value (meaningless when !defined)
+};
+
+// Runs both engines of the main window on one spectrum.
+class SpectrumCalculator {
+  public:
+    SpectrumCalculator();
+    // Observer of the first engine (0 to 3); the second always uses the 2015 10° observer.
+    void setObserver(int observer) { engine.setCIE_XYZ_bar_type(observer); }
+    // spectrum: Vantrel::NUM_GRID_POINTS values in W/nm.
+    SpectrumResults calculate(const double* spectrum);
+
+  private:
+    Vantrel engine;
+    Vantrel engine10;
+};
+
+// The fields of the main window for these results, in the order of the command-line columns:
+// "Lumens", "Vis watt", "LER", "CCT", "Mired", "x", "y", "u'", "v'", "Duv", "Du'v'", "dom WL",
+// "Purity (%)", "X", "Y", "Z", "Lumens (S)", "S/P ratio", "CCT (F,10)", "x (F,10)", "y (F,10)",
+// "u' (F,10)", "v' (F,10)", "Duv (F,10)", "Du'v' (F,10)", "Lumens (F,10)".
+// numDecimals is the setting for x, y, u', v' and Duv (4 or 6).
+std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals = 4);
+
+#endif  // LUMIVAR_CORE_RESULTFIELDS_H

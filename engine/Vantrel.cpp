@@ -1,0 +1,424 @@
+// Vantrel: grid, observers, integration and the two orchestrators calcCCT and color.
+#include "Vantrel.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "VantrelState.h"
+
+namespace {
+constexpr int N = Vantrel::NUM_GRID_POINTS;
+
+// Lumens from Y: 683 lm/W times the 2 nm step.
+constexpr double LUMENS_PER_Y = 1366.0;
+// Scotopic lumens: 1700 lm/W times the 2 nm step.
+constexpr double SCOTOPIC_LM_PER_W = 1700.0;
+constexpr double GRID_STEP_NM = 2.0;
+
+// Default white of the dominant wavelength construction.
+constexpr double LDOM_WHITE = 0.3333;
+}  // namespace
+
+Vantrel::Vantrel() : tab(new Tables()) {
+    Tables& t = *tab;
+    // Order of filling: observers and V', FCI colours, locus tables, film curves, WELL curves,
+    // CES, TCS, VS, CCT table, daylight, blood, IR eye curve, EML curves.
+    data.define_cie_1931_2deg_XYZ_bar(t.xbar[0], t.ybar[0], t.zbar[0]);
+    data.define_cie_1960_10deg_XYZ_bar(t.xbar[1], t.ybar[1], t.zbar[1]);
+    data.define_cie_2015_2deg_XYZ_bar(t.xbar[2], t.ybar[2], t.zbar[2]);
+    data.define_cie_2015_10deg_XYZ_bar(t.xbar[3], t.ybar[3], t.zbar[3]);
+    data.define_scotopic_XYZ_bar(t.vPrime);
+
+    double* fciRows[VantrelData::NUM_FCI];
+    for (int k = 0; k < VantrelData::NUM_FCI; ++k) fciRows[k] = t.fci[k];
+    data.define_FCI_colors(VantrelData::NUM_FCI, fciRows);
+
+    for (int i = 0; i < N; ++i) {
+        const double nm = 360.0 + GRID_STEP_NM * i;
+        t.c2OverLambda[i] = 14.388 / nm;
+        t.invLambda5[i] = 1.0 / (nm * nm * nm * nm * nm);
+    }
+    define_x_y_angle_for_Ldom(t.ldomX, t.ldomY, t.ldomAngle, LDOM_WHITE, LDOM_WHITE);
+
+    data.make_kodak_daylight_colors(t.filmDaylight[0], t.filmDaylight[1], t.filmDaylight[2]);
+    data.make_kodak_3200K_colors(t.film3200K[0], t.film3200K[1], t.film3200K[2]);
+    data.define_Well_Buillding_Melanopic_and_Visual_curves(t.wellMelanopic, t.wellVisual);
+
+    double* cesRows[NUM_CES];
+    for (int k = 0; k < NUM_CES; ++k) cesRows[k] = t.ces[k];
+    data.defineCESvalues(t.cesTypes, cesRows);
+
+    std::memset(t.tcs, 0, sizeof(t.tcs));
+    std::memset(t.vs, 0, sizeof(t.vs));
+    double* tcsRows[NUM_SAMPLES];
+    double* vsRows[NUM_SAMPLES];
+    for (int k = 0; k < NUM_SAMPLES; ++k) {
+        tcsRows[k] = t.tcs[k];
+        vsRows[k] = t.vs[k];
+    }
+    data.defineTCSvalues(tcsRows);
+    data.defineVSvalues(vsRows);
+
+    data.defineCCTdata(observer, t.cctUrd, t.cctU, t.cctV);
+    data.getDaylightCoefficients(t.S0, t.S1, t.S2);
+    data.define_Q100_Q50_COI(t.q100, t.q50);
+    data.defineEyeSensitivityCurveIR(t.eyeIR);
+    data.defineEMLcurves(t.emlMelanopic, t.emlVisual);
+}
+
+Vantrel::~Vantrel() = default;
+
+// ---------------------------------------------------------------------------------------------
+// Observer selection
+
+void Vantrel::setCIE_XYZ_bar_type(int type) {
+    observer = (type < 0 || type > 3) ? 0 : type;
+    loadObserverDependentTables();
+}
+
+void Vantrel::loadObserverDependentTables() {
+    Tables& t = *tab;
+    define_x_y_angle_for_Ldom(t.ldomX, t.ldomY, t.ldomAngle, LDOM_WHITE, LDOM_WHITE);
+    data.defineCCTdata(observer, t.cctUrd, t.cctU, t.cctV);
+}
+
+const char* Vantrel::getCIE_XYZ_bar_type_name() const {
+    switch (observer) {
+        case 0:
+            return "CIE 2 degree";
+        case 1:
+            return "CIE 10 degree";
+        case 2:
+            return "CIE 2015 2 degree";
+        case 3:
+            return "CIE 2015 10 degree";
+        default:
+            return "unknown";
+    }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Integration
+
+// Sums over the grid run in four interleaved partial sums (236 = 4 x 59), combined in a fixed
+// order: the same result on every run, several times faster than one serial chain of adds.
+namespace {
+static_assert(N % 4 == 0, "the grid is summed in groups of four");
+
+inline double combine(const double (&part)[4]) { return (part[0] + part[1]) + (part[2] + part[3]); }
+}  // namespace
+
+double Vantrel::sum2Products(const double* a, const double* b) {
+    double part[4] = {0, 0, 0, 0};
+    for (int i = 0; i < N; i += 4) {
+        for (int k = 0; k < 4; ++k) part[k] += a[i + k] * b[i + k];
+    }
+    return 0.5 * (a[0] * b[0] + a[N - 1] * b[N - 1]) + combine(part);
+}
+
+double Vantrel::sum3Products(const double* a, const double* b, const double* c) {
+    double part[4] = {0, 0, 0, 0};
+    for (int i = 0; i < N; i += 4) {
+        for (int k = 0; k < 4; ++k) part[k] += a[i + k] * b[i + k] * c[i + k];
+    }
+    return 0.5 * (a[0] * b[0] * c[0] + a[N - 1] * b[N - 1] * c[N - 1]) + combine(part);
+}
+
+void Vantrel::get_xy_XYZ(double X, double Y, double Z, double* x, double* y) {
+    const double sum = X + Y + Z;
+    if (sum > 1e-9) {
+        *x = X / sum;
+        *y = Y / sum;
+    } else {
+        *x = 0;
+        *y = 0;
+    }
+}
+
+void Vantrel::cie_XYZ(int numFactors, const double* a, const double* b, double* X, double* Y,
+                      double* Z, double* x, double* y) const {
+    // The three sums of sum2Products / sum3Products in one pass, with the same partial sums and
+    // the same order: bit for bit their results, for a third of the memory traffic.
+    const Tables& t = *tab;
+    const double* xb = t.xbar[observer];
+    const double* yb = t.ybar[observer];
+    const double* zb = t.zbar[observer];
+    const int e = N - 1;
+    double px[4] = {0, 0, 0, 0}, py[4] = {0, 0, 0, 0}, pz[4] = {0, 0, 0, 0};
+    double a0, ae;
+    if (numFactors == 2) {
+        a0 = a[0];
+        ae = a[e];
+        for (int i = 0; i < N; i += 4) {
+            for (int k = 0; k < 4; ++k) {
+                px[k] += a[i + k] * xb[i + k];
+                py[k] += a[i + k] * yb[i + k];
+                pz[k] += a[i + k] * zb[i + k];
+            }
+        }
+    } else {
+        a0 = a[0] * b[0];
+        ae = a[e] * b[e];
+        for (int i = 0; i < N; i += 4) {
+            for (int k = 0; k < 4; ++k) {
+                const double ab = a[i + k] * b[i + k];
+                px[k] += ab * xb[i + k];
+                py[k] += ab * yb[i + k];
+                pz[k] += ab * zb[i + k];
+            }
+        }
+    }
+    *X = 0.5 * (a0 * xb[0] + ae * xb[e]) + combine(px);
+    *Y = 0.5 * (a0 * yb[0] + ae * yb[e]) + combine(py);
+    *Z = 0.5 * (a0 * zb[0] + ae * zb[e]) + combine(pz);
+    get_xy_XYZ(*X, *Y, *Z, x, y);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Orchestrators
+
+void Vantrel::calcCCT(const double* spectrum, bool fast) {
+    cie_XYZ(2, spectrum, nullptr, &sX[0][0], &sY[0][0], &sZ[0][0], &sx[0][0], &sy[0][0]);
+    cie_1960_uvcd(sx[0][0], sy[0][0], &su[0][0], &sv[0][0], &sc[0][0], &sd[0][0]);
+    getCCTdata(su[0][0], sv[0][0], &cct, fast);
+    lumens = LUMENS_PER_Y * sY[0][0];
+    xcoord = sx[0][0];
+    ycoord = sy[0][0];
+}
+
+// Integrates the illuminant (column 0) and the 15 test colour samples of one row.
+void Vantrel::integrateSamples(int row, const double* normalized) {
+    const Tables& t = *tab;
+    cie_XYZ(2, normalized, nullptr, &sX[row][0], &sY[row][0], &sZ[row][0], &sx[row][0],
+            &sy[row][0]);
+    for (int k = 1; k < NUM_SAMPLES; ++k) {
+        cie_XYZ(3, normalized, t.tcs[k], &sX[row][k], &sY[row][k], &sZ[row][k], &sx[row][k],
+                &sy[row][k]);
+        cie_1960_uvcd(sx[row][k], sy[row][k], &su[row][k], &sv[row][k], &sc[row][k], &sd[row][k]);
+    }
+    whiteXYZ[row][0] = sX[row][0];
+    whiteXYZ[row][1] = sY[row][0];
+    whiteXYZ[row][2] = sZ[row][0];
+}
+
+void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut, bool doDomWL,
+                    bool cieLabCES) {
+    Tables& t = *tab;
+    getReferenceSpectrum(cct, t.normRef);
+
+    const double yTest = sum2Products(spectrum, t.ybar[observer]);
+    const double yRef = sum2Products(t.normRef, t.ybar[observer]);
+
+    // Visible watts: 2 nm cells, with half of the end points taken off once (not twice for the
+    // 2 nm step). Visible watts are defined by this rule.
+    double watts = 0;
+    for (int i = 0; i < N; ++i) {
+        watts += (2e-9 * spectrum[i]) * 1e9;
+        t.normTest[i] = 100.0 * spectrum[i] / yTest;
+        t.normRef[i] *= 100.0 / yRef;
+    }
+    watts -= 0.5 * (spectrum[0] + spectrum[N - 1]);
+
+    // Row 0 keeps the u, v, c, d of the illuminant from calcCCT.
+    integrateSamples(0, t.normTest);
+    integrateSamples(1, t.normRef);
+    cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
+
+    // R values (always) and Q values (when doQ) are computed here once the colour rendering
+    // calculations are in; until then they keep their previous values.
+    (void)doQ;
+
+    deltaUV_cri = getSignedDistance(su[0][0], su[1][0], sv[0][0], sv[1][0]);
+
+    // Gamut areas (doGamut) join here with the gamut calculations.
+    (void)doGamut;
+
+    wattsVis = watts;
+    xcoord = sx[0][0];
+    ycoord = sy[0][0];
+    ucoord = su[0][0];
+    vcoord = sv[0][0];
+    upcoord = ucoord;
+    vpcoord = 1.5 * vcoord;
+
+    if (doDomWL) calcDomWL_purity(xcoord, ycoord);
+
+    // CIELAB of the R samples (cieLabR) and of the CES (cieLabCES) join with colour rendering.
+    (void)cieLabR;
+    (void)cieLabCES;
+
+    // Overwrites row 1, column 0 with the Planck point at the CCT.
+    calDeltaBlackBody(cct, xcoord, ycoord, false);
+}
+
+void Vantrel::color(const double* spectrum, bool cieLabR, bool cieLabCES) {
+    color(spectrum, cieLabR, true, true, true, cieLabCES);
+}
+
+void Vantrel::color(const double* spectrum, bool cieLabR) { color(spectrum, cieLabR, false); }
+
+void Vantrel::color(const double* spectrum, bool cieLabR, bool, bool, bool) {
+    color(spectrum, cieLabR, true, true, true, false);
+}
+
+void Vantrel::calcAll(const double* spectrum, bool fast, bool cieLabR) {
+    calcCCT(spectrum, fast);
+    color(spectrum, cieLabR, false);
+}
+
+void Vantrel::calcAll(const double* spectrum, bool fast, bool cieLabR, bool cieLabCES) {
+    calcCCT(spectrum, fast);
+    color(spectrum, cieLabR, cieLabCES);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Photometry helpers
+
+void Vantrel::getXYZ(double* X, double* Y, double* Z) const {
+    getXYZ_from_xylm(xcoord, ycoord, lumens, X, Y, Z);
+}
+
+void Vantrel::getXYZ(int sample, double* X, double* Y, double* Z, int row, int qSet) const {
+    if (qSet != 0) {
+        *X = qX[row][sample];
+        *Y = qY[row][sample];
+        *Z = qZ[row][sample];
+    } else {
+        *X = sX[row][sample];
+        *Y = sY[row][sample];
+        *Z = sZ[row][sample];
+    }
+}
+
+double Vantrel::getScotopicLumens(const double* spectrum) const {
+    return sum2Products(spectrum, tab->vPrime) * GRID_STEP_NM * SCOTOPIC_LM_PER_W;
+}
+
+void Vantrel::getWhiteXYZ(int type, const double* spectrum, double* X, double* Y, double* Z) {
+    Tables& t = *tab;
+    double flat[N];
+    for (double& f : flat) f = 1.0;
+    const double* source = spectrum;
+    if (type == 1) {
+        getBlackBody(t.planck, cct);
+        source = t.planck;
+    }
+    double x, y;
+    cie_XYZ(3, source, flat, X, Y, Z, &x, &y);
+}
+
+void Vantrel::get_illumination_XYZ(int row, double* xyz) const {
+    for (int k = 0; k < 3; ++k) xyz[k] = whiteXYZ[row][k];
+}
+
+// ---------------------------------------------------------------------------------------------
+// Stored metrics
+
+void Vantrel::returnRvalues(double* values) const { std::memcpy(values, rValues, sizeof(rValues)); }
+
+void Vantrel::returnQvalues(double* values) const { std::memcpy(values, qValues, sizeof(qValues)); }
+
+void Vantrel::returnLabRvalues(double L[2][NUM_SAMPLES], double a[2][NUM_SAMPLES],
+                               double b[2][NUM_SAMPLES]) const {
+    std::memcpy(L, labR_L, sizeof(labR_L));
+    std::memcpy(a, labR_a, sizeof(labR_a));
+    std::memcpy(b, labR_b, sizeof(labR_b));
+}
+
+void Vantrel::returnLabQvalues(double L[2][NUM_SAMPLES], double a[2][NUM_SAMPLES],
+                               double b[2][NUM_SAMPLES]) const {
+    std::memcpy(L, labQ_L, sizeof(labQ_L));
+    std::memcpy(a, labQ_a, sizeof(labQ_a));
+    std::memcpy(b, labQ_b, sizeof(labQ_b));
+}
+
+void Vantrel::returnLabCESvalues(double L[2][NUM_CES], double a[2][NUM_CES],
+                                 double b[2][NUM_CES]) const {
+    std::memcpy(L, tab->labCES_L, sizeof(tab->labCES_L));
+    std::memcpy(a, tab->labCES_a, sizeof(tab->labCES_a));
+    std::memcpy(b, tab->labCES_b, sizeof(tab->labCES_b));
+}
+
+// Samples 1 to 15 of both rows, shifted down to positions 0 to 14.
+void Vantrel::get_CRI_uv_prime(double** u, double** v) const {
+    for (int row = 0; row < 2; ++row) {
+        for (int k = 1; k < NUM_SAMPLES; ++k) {
+            u[row][k - 1] = criU[row][k];
+            v[row][k - 1] = criVp[row][k];
+        }
+    }
+}
+
+void Vantrel::get_CQS_uv_prime(double** u, double** v) const {
+    for (int row = 0; row < 2; ++row) {
+        for (int k = 1; k < NUM_SAMPLES; ++k) {
+            u[row][k - 1] = cqsU[row][k];
+            v[row][k - 1] = cqsVp[row][k];
+        }
+    }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Curve readers by grid index; 0 off the grid.
+
+namespace {
+double at(const double* curve, int i) { return (i >= 0 && i < N) ? curve[i] : 0.0; }
+}  // namespace
+
+double Vantrel::getPhotopicCurveData(int i) const {
+    return at(tab->ybar[observer == 3 ? 3 : 0], i);
+}
+double Vantrel::getScotopicCurveData(int i) const { return at(tab->vPrime, i); }
+double Vantrel::get_xbar_CurveData(int i) const { return at(tab->xbar[observer], i); }
+double Vantrel::get_ybar_CurveData(int i) const { return at(tab->ybar[observer], i); }
+double Vantrel::get_zbar_CurveData(int i) const { return at(tab->zbar[observer], i); }
+
+double Vantrel::getPhotopicCurveData_1931_2_deg(int i) const { return at(tab->ybar[0], i); }
+double Vantrel::get_xbar_CurveData_1931_2_deg(int i) const { return at(tab->xbar[0], i); }
+double Vantrel::get_ybar_CurveData_1931_2_deg(int i) const { return at(tab->ybar[0], i); }
+double Vantrel::get_zbar_CurveData_1931_2_deg(int i) const { return at(tab->zbar[0], i); }
+double Vantrel::getPhotopicCurveData_1960_10_deg(int i) const { return at(tab->ybar[1], i); }
+double Vantrel::get_xbar_CurveData_1960_10_deg(int i) const { return at(tab->xbar[1], i); }
+double Vantrel::get_ybar_CurveData_1960_10_deg(int i) const { return at(tab->ybar[1], i); }
+double Vantrel::get_zbar_CurveData_1960_10_deg(int i) const { return at(tab->zbar[1], i); }
+double Vantrel::getPhotopicCurveData_2015_2_deg(int i) const { return at(tab->ybar[2], i); }
+double Vantrel::get_xbar_CurveData_2015_2_deg(int i) const { return at(tab->xbar[2], i); }
+double Vantrel::get_ybar_CurveData_2015_2_deg(int i) const { return at(tab->ybar[2], i); }
+double Vantrel::get_zbar_CurveData_2015_2_deg(int i) const { return at(tab->zbar[2], i); }
+double Vantrel::getPhotopicCurveData_2015_10_deg(int i) const { return at(tab->ybar[3], i); }
+double Vantrel::get_xbar_CurveData_2015_10_deg(int i) const { return at(tab->xbar[3], i); }
+double Vantrel::get_ybar_CurveData_2015_10_deg(int i) const { return at(tab->ybar[3], i); }
+double Vantrel::get_zbar_CurveData_2015_10_deg(int i) const { return at(tab->zbar[3], i); }
+
+// ---------------------------------------------------------------------------------------------
+// Reference data access
+
+void Vantrel::getTCSdata(double** rows) const {
+    for (int k = 1; k < NUM_SAMPLES; ++k) std::memcpy(rows[k], tab->tcs[k], sizeof(tab->tcs[k]));
+}
+
+void Vantrel::getVSdata(double** rows) const {
+    for (int k = 1; k < NUM_SAMPLES; ++k) std::memcpy(rows[k], tab->vs[k], sizeof(tab->vs[k]));
+}
+
+void Vantrel::getColorCheckerData(double** rows) const { data.defineCHvalues(rows); }
+
+void Vantrel::defineCESvalues(int* types, double** rows) const {
+    for (int k = 0; k < NUM_CES; ++k) {
+        types[k] = tab->cesTypes[k];
+        std::memcpy(rows[k], tab->ces[k], sizeof(tab->ces[k]));
+    }
+}
+
+void Vantrel::defineColorNameIndicies(int* types) const {
+    std::memcpy(types, tab->cesTypes, sizeof(tab->cesTypes));
+}
+
+void Vantrel::defineBlackBodyline(int* count4000K, int* count5000K, double* x, double* y) const {
+    data.defineBlackBodyline(count4000K, count5000K, x, y);
+}
+
+void Vantrel::defineBlackBodyline_2015_10Deg(int* count4000K, int* count5000K, double* x,
+                                             double* y) const {
+    data.defineBlackBodyline_2015_10Deg(count4000K, count5000K, x, y);
+}

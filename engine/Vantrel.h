@@ -1,0 +1,281 @@
+// Vantrel: the colorimetry engine.
+//
+// One object turns a spectrum on the fixed grid (360 to 830 nm in 2 nm steps, 236 points, W/nm
+// or relative) into photometry and colour metrics. Every window, worker and test owns its own
+// object: there is no shared state, but one object must not be used from two threads, since
+// every call writes member state.
+//
+// Calling order: calcCCT (or calcAll) first, then color, then any further metric, which reads
+// CCT and Duv from the getters. Results stay until overwritten; a metric that was not requested
+// keeps its earlier value. The engine never fails aloud: "no value" is -1 (NO_VALUE), refused
+// TM-30 results are -100, a NaN R value is -400.
+#ifndef LUMIVAR_ENGINE_VANTREL_H
+#define LUMIVAR_ENGINE_VANTREL_H
+
+#include <cstdio>
+#include <memory>
+
+#include "VantrelData.h"
+
+class Vantrel {
+  public:
+    static constexpr int NUM_GRID_POINTS = VantrelData::NUM_GRID;        // 360-830 nm, 2 nm
+    static constexpr int NUM_GRID_POINTS_IR = VantrelData::NUM_GRID_IR;  // 360-1050 nm, 2 nm
+    static constexpr int NUM_LOCUS_POINTS = VantrelData::NUM_LOCUS;      // 360-830 nm, 1 nm
+    static constexpr int NUM_SAMPLES = 16;  // column 0 the illuminant, 1 to 15 the samples
+    static constexpr int NUM_CES = VantrelData::NUM_CES;
+    static constexpr int NUM_OBSERVERS = 4;
+
+    static constexpr double NO_VALUE = -1.0;
+    static constexpr double TM30_REFUSED = -100.0;
+    static constexpr double R_VALUE_NAN = -400.0;
+
+    // CCT search limits (K) and the mired bracket of the exact search.
+    static constexpr double MIN_CCT = 1000.0;
+    static constexpr double MAX_CCT = 950000.0;
+
+    Vantrel();
+    ~Vantrel();
+    Vantrel(const Vantrel&) = delete;
+    Vantrel& operator=(const Vantrel&) = delete;
+
+    // --- Observer selection -------------------------------------------------------------------
+    // 0 CIE 1931 2°, 1 CIE 1964 10°, 2 CIE 2015 2°, 3 CIE 2015 10°; anything else selects 0.
+    void setCIE_XYZ_bar_type(int type);
+    int getCIE_XYZ_bar_type() const { return observer; }
+    const char* getCIE_XYZ_bar_type_name() const;
+
+    // --- Tristimulus core ---------------------------------------------------------------------
+    void calcCCT(const double* spectrum, bool fast);
+    void color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut, bool doDomWL,
+               bool cieLabCES);
+    void color(const double* spectrum, bool cieLabR, bool cieLabCES);
+    void color(const double* spectrum, bool cieLabR);
+    // Deliberately honours only its first flag: Q, gamut and dominant wavelength always run,
+    // CES Lab never. Combination runs depend on exactly this.
+    void color(const double* spectrum, bool cieLabR, bool, bool, bool);
+    void calcAll(const double* spectrum, bool fast, bool cieLabR);
+    void calcAll(const double* spectrum, bool fast, bool cieLabR, bool cieLabCES);
+
+    // numFactors 2 integrates a·observer, otherwise a·b·observer.
+    void cie_XYZ(int numFactors, const double* a, const double* b, double* X, double* Y, double* Z,
+                 double* x, double* y) const;
+    // The integration rule of the whole engine: a plain sum over the grid plus half of each end
+    // point, so the two end points weigh 1.5. Every tabulated constant was made with it.
+    static double sum2Products(const double* a, const double* b);
+    static double sum3Products(const double* a, const double* b, const double* c);
+    static void get_xy_XYZ(double X, double Y, double Z, double* x, double* y);
+
+    void getXYZ(double* X, double* Y, double* Z) const;
+    void getXYZ(int sample, double* X, double* Y, double* Z, int row, int qSet) const;
+    double getScotopicLumens(const double* spectrum) const;
+    // True trapezoid over n points of the given step.
+    static double getSpectralWatts(int n, const double* spectrum, double stepNm);
+    static void scaleSpectrum(double* spectrum, double watts, int n);
+    void getWhiteXYZ(int type, const double* spectrum, double* X, double* Y, double* Z);
+    void get_illumination_XYZ(int row, double* xyz) const;
+
+    void returnRvalues(double* values) const;
+    void returnQvalues(double* values) const;
+    void returnLabRvalues(double L[2][NUM_SAMPLES], double a[2][NUM_SAMPLES],
+                          double b[2][NUM_SAMPLES]) const;
+    void returnLabQvalues(double L[2][NUM_SAMPLES], double a[2][NUM_SAMPLES],
+                          double b[2][NUM_SAMPLES]) const;
+    void returnLabCESvalues(double L[2][NUM_CES], double a[2][NUM_CES], double b[2][NUM_CES]) const;
+    void get_CRI_uv_prime(double** u, double** v) const;
+    void get_CQS_uv_prime(double** u, double** v) const;
+
+    int getIndexOfTestColors() const { return 0; }
+    int getIndexOfReferenceColors() const { return 1; }
+
+    // --- Results of the last run --------------------------------------------------------------
+    double getCCT() const { return cct; }
+    double getLumens() const { return lumens; }
+    double getWattsVis() const { return wattsVis; }
+    double getXcoord() const { return xcoord; }
+    double getYcoord() const { return ycoord; }
+    double getUcoord() const { return ucoord; }
+    double getVcoord() const { return vcoord; }
+    double getUcoord_1976() const { return upcoord; }
+    double getVcoord_1976() const { return vpcoord; }
+    double getDeltaUV_cri() const { return deltaUV_cri; }
+    double getDeltaUVPlanck() const { return deltaUVPlanck; }
+    double getDeltaUpVpPlanck() const { return deltaUpVpPlanck; }
+    double getDomWL() const { return domWL; }
+    double getPurity() const { return purity; }
+    double getFCI() const { return fci; }
+    double getFSI() const { return fsi; }
+    double getFSCI() const { return fsci; }
+    double get_gamut_CRI_upvp() const { return gamutCRI_upvp; }
+    double get_gamut_CQS_upvp() const { return gamutCQS_upvp; }
+    double get_gamut_D65_upvp() const { return gamutD65_upvp; }
+    double get_GAI_upvp() const { return gai_upvp; }
+    double get_gamut_CRI_uv() const { return gamutCRI_uv; }
+    double get_gamut_CQS_uv() const { return gamutCQS_uv; }
+    double get_gamut_D65_uv() const { return gamutD65_uv; }
+    double get_GAI_uv() const { return gai_uv; }
+    double get_cri_gamut_area_upvp(int row) const { return criGamutArea_upvp[row & 1]; }
+    double get_cqs_gamut_area_upvp(int row) const { return cqsGamutArea_upvp[row & 1]; }
+    double get_cri_gamut_area_uv(int row) const { return criGamutArea_uv[row & 1]; }
+    double get_cqs_gamut_area_uv(int row) const { return cqsGamutArea_uv[row & 1]; }
+    double get_a_ellipse() const { return aEllipse; }
+    double get_b_ellipse() const { return bEllipse; }
+    double get_theta_radians_ellipse() const { return thetaEllipse; }
+    double get_TM30_Rf() const { return tm30Rf; }
+    double get_TM30_Rg() const { return tm30Rg; }
+    double get_TM30_Rf_skin() const { return tm30RfSkin; }
+    bool get_TM30Error() const { return tm30Error; }
+
+    // --- Curves by grid index -----------------------------------------------------------------
+    // Photopic curve: ȳ of the 2015 10° observer when that is selected, else of 1931 2°.
+    double getPhotopicCurveData(int i) const;
+    double getScotopicCurveData(int i) const;
+    double get_xbar_CurveData(int i) const;
+    double get_ybar_CurveData(int i) const;
+    double get_zbar_CurveData(int i) const;
+    double getPhotopicCurveData_1931_2_deg(int i) const;
+    double get_xbar_CurveData_1931_2_deg(int i) const;
+    double get_ybar_CurveData_1931_2_deg(int i) const;
+    double get_zbar_CurveData_1931_2_deg(int i) const;
+    double getPhotopicCurveData_1960_10_deg(int i) const;
+    double get_xbar_CurveData_1960_10_deg(int i) const;
+    double get_ybar_CurveData_1960_10_deg(int i) const;
+    double get_zbar_CurveData_1960_10_deg(int i) const;
+    double getPhotopicCurveData_2015_2_deg(int i) const;
+    double get_xbar_CurveData_2015_2_deg(int i) const;
+    double get_ybar_CurveData_2015_2_deg(int i) const;
+    double get_zbar_CurveData_2015_2_deg(int i) const;
+    double getPhotopicCurveData_2015_10_deg(int i) const;
+    double get_xbar_CurveData_2015_10_deg(int i) const;
+    double get_ybar_CurveData_2015_10_deg(int i) const;
+    double get_zbar_CurveData_2015_10_deg(int i) const;
+
+    // Writes the engine's tables to tab-separated files in the current folder, for checking.
+    // Returns false when a file could not be written.
+    bool printCoefficients();
+
+    // --- Reference data access ----------------------------------------------------------------
+    void getTCSdata(double** rows) const;  // rows[1..15]
+    void getVSdata(double** rows) const;   // rows[1..15]
+    void getColorCheckerData(double** rows) const;
+    void defineCESvalues(int* types, double** rows) const;
+    void defineColorNameIndicies(int* types) const;
+    void defineBlackBodyline(int* count4000K, int* count5000K, double* x, double* y) const;
+    void defineBlackBodyline_2015_10Deg(int* count4000K, int* count5000K, double* x,
+                                        double* y) const;
+    void getHorseShoeData_xy(double* x, double* y) const;
+    void getHorseShoeData_uv(double* u, double* v) const;
+    void getHorseShoeData_upvp(double* up, double* vp) const;
+    void getHorseShoeData_2015_10deg_xy(double* x, double* y) const;
+    void getHorseShoeData_2015_10deg_uv(double* u, double* v) const;
+    void getHorseShoeData_2015_10deg_upvp(double* up, double* vp) const;
+
+    // --- Chromaticity conversions (plain formulas, inputs not checked) ------------------------
+    static void get_uv_from_xy(double x, double y, double* u, double* v);
+    static void get_xy_from_uv(double u, double v, double* x, double* y);
+    static void get_upvp_from_xy(double x, double y, double* up, double* vp);
+    static void get_upvp_from_uv(double u, double v, double* up, double* vp);
+    static void get_uv_from_upvp(double up, double vp, double* u, double* v);
+    static void get_xy_from_upvp(double up, double vp, double* x, double* y);
+    static void get_XYZ_from_xylm(double x, double y, double lm, double* X, double* Y, double* Z);
+    static void getXYZ_from_xylm(double x, double y, double lm, double* X, double* Y, double* Z);
+    static void cie_1960_uvcd(double x, double y, double* u, double* v, double* c, double* d);
+    // Distance between (u1, v1) and (u2, v2), negative when point 1 lies below point 2.
+    static double getSignedDistance(double u1, double u2, double v1, double v2);
+
+    // --- CCT and Duv --------------------------------------------------------------------------
+    void getCCTdata(double u, double v, double* cct, bool fast);
+    void getCCTdata_old(double u, double v, double* cct, bool fast);
+    double getDuvFrom_urd(double u, double v, double urd, bool fast) const;
+    double brent(double ax, double bx, double cx, double u, double v, bool fast) const;
+    // Polynomial Planck locus in mired for optimizer loops (observer 3, or the 1931 fit).
+    double get_u_new(double urd) const;
+    double get_v_new(double urd) const;
+    void calDeltaBlackBody(double cct, double x, double y, bool unused);
+    void calDeltaBlackBody(double x, double y, bool fast);
+    void calDeltaBlackBody_p1(double cct, double u, double v);
+    void calDeltaUV_cri(double x, double y, bool fast);
+    // Fast Duv to the 1931 Planck locus; -1 outside 1000 to 20000 K despite the name.
+    double getDuvFromCCTxy_100Kto40kK(double cct, double x, double y) const;
+    void get_xy_from_CCT_Duv(double cct, double duv, double* x, double* y);
+    double getSlopeOfCCTLine_xy(double cct);
+    double getSlopeOfCCTLine_xy(double x, double y);
+    double getSlopeOfBlackBodyLine_xy(double cct);
+    double getSlopeOfBlackBodyLine_xy(double x, double y);
+
+    // --- Reference spectra --------------------------------------------------------------------
+    static void getBlackBody(double* s, double T);
+    static void getBlackBody(double* s, double T, int n);
+    void getSyntheticDaylight(double* s, double T) const;
+    // Daylight for 4999.99999 <= cct <= 25000, Planck otherwise.
+    void getReferenceSpectrum(double cct, double* s) const;
+
+    // Locus y as a function of x for drawing; 0 outside the fitted x range.
+    double getBlackBody_Cy(double x) const;
+    double getSyntheticDaylight_Cy(double x) const;
+    double getTM30BlendedLocus_Cy(double x) const;
+
+    // --- Dominant wavelength and purity -------------------------------------------------------
+    void calcDomWL_purity(double x, double y);
+    void calcDomWL_purity(const double* xs, const double* ys, const double* angles, double wx,
+                          double wy, double x, double y);
+    void setWhitePointForDomWL_purity(double wx, double wy);
+    void calcDomWL_purity_user(double x, double y);
+    void define_x_y_angle_for_Ldom(double* xs, double* ys, double* angles, double wx,
+                                   double wy) const;
+    void get_whitePoint_xy_for_Ldom_purity(double* wx, double* wy) const;
+
+    // "N/A" beyond |Duv| 0.05, ">1,000,000", "<1000", else "%.0lf". buf holds at least 16 chars.
+    static void getCCTstring(char* buf, double cct, double duv);
+    void getCIEHorseShoe(double* x, double* y) const;
+
+    // --- Spectrum utilities -------------------------------------------------------------------
+    // Area-preserving resampling (a box filter) onto start..end in steps of step. outWl may be
+    // null. False when step < 0.001, n < 3 or fewer than 5 output points.
+    static bool resampleSpectrum(int n, const double* wl, const double* value, double start,
+                                 double end, double step, double* outWl, double* outValue);
+
+  private:
+    struct Tables;
+    void loadObserverDependentTables();
+    void integrateSamples(int row, const double* normalized);
+
+    std::unique_ptr<Tables> tab;
+    VantrelData data;
+    int observer = 0;
+
+    // Headline results.
+    double cct = NO_VALUE;
+    double lumens = 0, wattsVis = 0;
+    double xcoord = 0, ycoord = 0, ucoord = 0, vcoord = 0, upcoord = 0, vpcoord = 0;
+    double deltaUV_cri = 0;
+    double deltaUVPlanck = 1, deltaUpVpPlanck = 1;
+    double domWL = 0, purity = 0;
+
+    // Sample tristimulus [row][column]: row 0 test, 1 reference; column 0 the illuminant.
+    double sX[2][NUM_SAMPLES] = {}, sY[2][NUM_SAMPLES] = {}, sZ[2][NUM_SAMPLES] = {};
+    double sx[2][NUM_SAMPLES] = {}, sy[2][NUM_SAMPLES] = {};
+    double su[2][NUM_SAMPLES] = {}, sv[2][NUM_SAMPLES] = {};
+    double sc[2][NUM_SAMPLES] = {}, sd[2][NUM_SAMPLES] = {};
+    double qX[2][NUM_SAMPLES] = {}, qY[2][NUM_SAMPLES] = {}, qZ[2][NUM_SAMPLES] = {};
+    double whiteXYZ[2][3] = {};
+
+    // Metrics filled by the rendering, gamut and quality calculations.
+    double rValues[NUM_SAMPLES] = {};
+    double qValues[NUM_SAMPLES] = {};
+    double labR_L[2][NUM_SAMPLES] = {}, labR_a[2][NUM_SAMPLES] = {}, labR_b[2][NUM_SAMPLES] = {};
+    double labQ_L[2][NUM_SAMPLES] = {}, labQ_a[2][NUM_SAMPLES] = {}, labQ_b[2][NUM_SAMPLES] = {};
+    double criU[2][NUM_SAMPLES] = {}, criVp[2][NUM_SAMPLES] = {};
+    double cqsU[2][NUM_SAMPLES] = {}, cqsVp[2][NUM_SAMPLES] = {};
+    double criGamutArea_upvp[2] = {}, cqsGamutArea_upvp[2] = {};
+    double criGamutArea_uv[2] = {}, cqsGamutArea_uv[2] = {};
+    double gamutCRI_upvp = 0, gamutCQS_upvp = 0, gamutD65_upvp = 0, gai_upvp = 0;
+    double gamutCRI_uv = 0, gamutCQS_uv = 0, gamutD65_uv = 0, gai_uv = 0;
+    double fci = 0, fsi = -1, fsci = -1;
+    double aEllipse = 0, bEllipse = 0, thetaEllipse = 0;
+    double userQa = 0;
+    bool tm30Error = false;
+    double tm30Rf = TM30_REFUSED, tm30Rg = TM30_REFUSED, tm30RfSkin = TM30_REFUSED;
+};
+
+#endif  // LUMIVAR_ENGINE_VANTREL_H

@@ -1,0 +1,218 @@
+// lumivar-cli calc: the table, one stderr line per bad file, exit statuses and usage mistakes,
+// through runCalc and, for the process as a whole, through the real binary.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "AppConstants.h"
+#include "CalcCommand.h"
+#include "ResultFields.h"
+#include "SpectrumFile.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct Outcome {
+    int status;
+    std::string out, err;
+};
+
+std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream s(text);
+    for (std::string part; std::getline(s, part, separator);) parts.push_back(part);
+    return parts;
+}
+
+// A 4000 K Planck spectrum in W/nm, 360 to 830 nm in 5 nm, optionally with a negative value.
+std::string planckText(bool withNegative = false) {
+    std::string text = "# 4000 K\nnm\tW/nm\n";
+    for (int nm = 360; nm <= 830; nm += 5) {
+        const double w = 1e-3 / (std::pow(nm / 560.0, 5) * std::expm1(1.4388e7 / (nm * 4000.0)));
+        char row[64];
+        std::snprintf(row, sizeof row, "%d\t%.6g\n", nm, withNegative && nm == 370 ? -w : w);
+        text += row;
+    }
+    return text;
+}
+
+class CalcCommand : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "lumivar-calc-XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        dir = pattern;
+    }
+    void TearDown() override { fs::remove_all(dir); }
+
+    std::string write(const std::string& name, const std::string& text) {
+        std::ofstream(dir / name, std::ios::binary) << text;
+        return (dir / name).string();
+    }
+
+    static Outcome calc(const std::vector<std::string>& args, const std::string& input = "") {
+        std::istringstream in(input);
+        std::ostringstream out, err;
+        const int status = runCalc(args, in, out, err);
+        return {status, out.str(), err.str()};
+    }
+
+    // The row the window's own pipeline gives for this text.
+    static std::string expectedRow(const std::string& name, const std::string& text, int observer,
+                                   bool precise) {
+        std::istringstream in(text);
+        const SpectrumReadResult read = readSpectrum(in);
+        double grid[Vantrel::NUM_GRID_POINTS];
+        EXPECT_TRUE(read.ok && toGrid(read.data, grid, nullptr));
+        SpectrumCalculator calculator;
+        calculator.setObserver(observer);
+        std::string row = name;
+        for (const ResultField& f : mainResultFields(calculator.calculate(grid))) {
+            char value[40];
+            std::snprintf(value, sizeof value, "%.10g", f.value);
+            row += "\t" + (!precise ? f.text : f.defined ? value : UNDEFINED_TERM);
+        }
+        return row;
+    }
+
+    fs::path dir;
+};
+
+TEST_F(CalcCommand, HeaderListsTheFileThenTheWindowFields) {
+    EXPECT_EQ(split(calc({write("lamp.txt", planckText())}).out, '\n').at(0),
+              "file\tLumens\tVis watt\tLER\tCCT\tMired\tx\ty\tu'\tv'\tDuv\tDu'v'\tdom WL\t"
+              "Purity (%)\tX\tY\tZ\tLumens (S)\tS/P ratio\tCCT (F,10)\tx (F,10)\ty (F,10)\t"
+              "u' (F,10)\tv' (F,10)\tDuv (F,10)\tDu'v' (F,10)\tLumens (F,10)");
+}
+
+TEST_F(CalcCommand, PrintsTheWindowResultsInBothFormatsForEveryObserver) {
+    const std::string lamp = write("lamp.txt", planckText());
+    for (int observer = 0; observer < 4; ++observer) {
+        for (bool precise : {false, true}) {
+            std::vector<std::string> args = {"--observer", std::to_string(observer), lamp};
+            if (precise) args.insert(args.begin(), "--precise");
+            const Outcome r = calc(args);
+            EXPECT_EQ(r.status, EXIT_ALL_GOOD) << r.err;
+            EXPECT_EQ(r.err, "");
+            EXPECT_EQ(split(r.out, '\n').at(1), expectedRow(lamp, planckText(), observer, precise));
+        }
+    }
+}
+
+TEST_F(CalcCommand, ComputesTheGoodFilesAndNamesEachBadOneOnOneLine) {
+    const std::string good = write("good.txt", planckText()), missing = (dir / "no.txt").string(),
+                      empty = write("empty.txt", ""),
+                      bad = write("bad.txt", "nm W\n400 1\n500 x\n"),
+                      negative = write("neg.txt", planckText(true)), folder = dir.string();
+    const Outcome r = calc({missing, good, empty, bad, negative, folder});
+    EXPECT_EQ(r.status, EXIT_INPUT_PROBLEM);
+    const std::vector<std::string> rows = split(r.out, '\n'), errors = split(r.err, '\n');
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[1], expectedRow(good, planckText(), 0, false));
+    EXPECT_EQ(rows[2], expectedRow(negative, planckText(true), 0, false));  // computed as 0
+    ASSERT_EQ(errors.size(), 5u) << r.err;
+    EXPECT_THAT(errors[0], StartsWith("lumivar-cli: " + missing + ": cannot open file"));
+    EXPECT_EQ(errors[1], "lumivar-cli: " + empty + ": You must enter spectral data.");
+    EXPECT_EQ(errors[2], "lumivar-cli: " + bad + ":3: value is not a number: \"x\"");
+    EXPECT_EQ(errors[3], "lumivar-cli: " + negative + ":5: negative values set to 0");
+    EXPECT_EQ(errors[4], "lumivar-cli: " + folder + ": cannot read file: is a directory");
+    EXPECT_EQ(calc({negative}).status, EXIT_INPUT_PROBLEM) << "negative values alone";
+}
+
+TEST_F(CalcCommand, ReadsStandardInputAloneOrAmongFiles) {
+    const std::string lamp = write("lamp.txt", planckText());
+    const std::string row = expectedRow("-", planckText(), 0, false);
+    EXPECT_EQ(split(calc({}, planckText()).out, '\n').at(1), row);
+    const Outcome r = calc({lamp, "-"}, planckText());
+    EXPECT_EQ(r.status, EXIT_ALL_GOOD) << r.err;
+    EXPECT_EQ(split(r.out, '\n').at(2), row);
+}
+
+TEST_F(CalcCommand, PrintsZeroChromaticityAndNaForADarkSpectrum) {
+    const Outcome r = calc({"--precise", write("dark.txt", "360 0\n500 0\n830 0\n")});
+    EXPECT_EQ(r.status, EXIT_ALL_GOOD) << r.err;
+    const std::vector<std::string> cells = split(split(r.out, '\n').at(1), '\t');
+    double grid[Vantrel::NUM_GRID_POINTS] = {};
+    SpectrumCalculator calculator;
+    const std::vector<ResultField> fields = mainResultFields(calculator.calculate(grid));
+    ASSERT_EQ(cells.size(), fields.size() + 1);
+    for (size_t i = 0; i < fields.size(); ++i) {
+        EXPECT_EQ(cells[i + 1] == UNDEFINED_TERM, !fields[i].defined) << fields[i].name;
+    }
+    EXPECT_EQ(cells[4], UNDEFINED_TERM) << "CCT";
+    EXPECT_EQ(cells[6] + " " + cells[7], "0 0") << "x and y";
+}
+
+TEST_F(CalcCommand, AnswersUsageMistakesWithStatus2AndHelpWithStatus0) {
+    const std::pair<std::vector<std::string>, int> cases[] = {
+        {{"--observer"}, EXIT_USAGE},
+        {{"--observer", "4"}, EXIT_USAGE},
+        {{"--observer", "01"}, EXIT_USAGE},
+        {{"--observer", "-1"}, EXIT_USAGE},
+        {{"--observer=x"}, EXIT_USAGE},
+        {{"--bogus", "lamp.txt"}, EXIT_USAGE},
+        {{"-h"}, EXIT_ALL_GOOD},
+        {{"--precise", "--help"}, EXIT_ALL_GOOD}};
+    for (const auto& [args, status] : cases) {
+        const Outcome r = calc(args);
+        EXPECT_EQ(r.status, status) << args[0];
+        EXPECT_THAT(status == EXIT_USAGE ? r.err : r.out, HasSubstr("Usage: lumivar-cli calc"));
+        EXPECT_EQ(status == EXIT_USAGE ? r.out : r.err, "") << args[0];
+    }
+}
+
+// The real binary through the shell, killed (status 137) when it outlives timeoutSeconds.
+Outcome runBinary(const fs::path& dir, const std::string& args, int timeoutSeconds) {
+    const std::string out = (dir / "stdout").string(), err = (dir / "stderr").string();
+    const int raw =
+        std::system(("timeout -s KILL " + std::to_string(timeoutSeconds) + " '" + LUMIVAR_CLI_PATH +
+                     "' " + args + " </dev/null >'" + out + "' 2>'" + err + "'")
+                        .c_str());
+    auto slurp = [](const std::string& path) {
+        std::ostringstream s;
+        s << std::ifstream(path).rdbuf();
+        return s.str();
+    };
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(out), slurp(err)};
+}
+
+TEST_F(CalcCommand, BinaryFailsFastOn50MegabytesOfGarbage) {
+    const std::string garbage = (dir / "garbage.bin").string();
+    {
+        std::mt19937 random(7);
+        std::string chunk(1 << 20, ' ');
+        for (char& c : chunk) c = static_cast<char>(33 + random() % 94);  // printable, no '\n'
+        std::ofstream file(garbage, std::ios::binary);
+        for (int i = 0; i < 50; ++i) file << chunk;
+    }
+    const Outcome r = runBinary(dir, "calc '" + garbage + "'", 5);
+    EXPECT_EQ(r.status, EXIT_INPUT_PROBLEM) << r.err;
+    EXPECT_EQ(r.err, "lumivar-cli: " + garbage + ":1: line longer than 4096 characters\n");
+}
+
+TEST_F(CalcCommand, BinaryDispatchesOnTheCommand) {
+    const std::pair<const char*, int> cases[] = {
+        {"", EXIT_USAGE},     {"--help", EXIT_ALL_GOOD},      {"-h", EXIT_ALL_GOOD},
+        {"frob", EXIT_USAGE}, {"calc --help", EXIT_ALL_GOOD}, {"calc --x", EXIT_USAGE}};
+    for (const auto& [args, status] : cases) {
+        const Outcome r = runBinary(dir, args, 10);
+        EXPECT_EQ(r.status, status) << args;
+        EXPECT_THAT(status == EXIT_USAGE ? r.err : r.out, HasSubstr("Usage: lumivar-cli")) << args;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,150 @@
+// Number display rules and the result fields of the main window.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "ResultFields.h"
+#include "ValueFormat.h"
+
+namespace {
+const ResultField& byName(const std::vector<ResultField>& fields, const std::string& name) {
+    for (const ResultField& f : fields) {
+        if (f.name == name) return f;
+    }
+    static const ResultField missing{"missing", "", false, 0};
+    ADD_FAILURE() << "no field " << name;
+    return missing;
+}
+
+// A warm white near 2856 K on the locus, as the engine would report it.
+SpectrumResults warmWhite() {
+    SpectrumResults r;
+    r.lumens = 1234.5678;
+    r.wattsVis = 5.4321;
+    r.cct = 2856.44;
+    r.x = 0.447571;
+    r.y = 0.407449;
+    r.up = 0.255967;
+    r.vp = 0.524302;
+    r.duv = -0.00003;
+    r.dupvp = -0.000045;
+    r.domWL = 583.26;
+    r.purity = 0.5301;
+    r.X = 1356.1;
+    r.Y = 1234.5678;
+    r.Z = 439.2;
+    r.scotopicLumens = 1685.0;
+    r.cct10 = 2830.2;
+    r.x10 = 0.4511;
+    r.y10 = 0.4059;
+    r.up10 = 0.2590;
+    r.vp10 = 0.5242;
+    r.duv10 = 0.00004;
+    r.dupvp10 = -0.00006;
+    r.lumens10 = 1300.0;
+    return r;
+}
+}  // namespace
+
+TEST(ValueFormat, DecimalsShrinkAsValuesGrow) {
+    const struct {
+        double v;
+        const char* text;
+    } cases[] = {{0.005, "5.0e-03"}, {0.01, "1.0e-02"}, {0.0101, "0.010"},   {0.5, "0.500"},
+                 {5.4321, "5.43"},   {54.321, "54.3"},  {1234.5678, "1235"}, {-3.0, "-3.0e+00"}};
+    for (const auto& c : cases) EXPECT_EQ(ValueFormat::getValueAsString(c.v), c.text) << c.v;
+}
+
+TEST(ValueFormat, RoundGoesHalfAwayFromZero) {
+    EXPECT_EQ(ValueFormat::round(2.5), 3);
+    EXPECT_EQ(ValueFormat::round(-2.5), -3);
+    EXPECT_EQ(ValueFormat::round(2.49), 2);
+    EXPECT_EQ(ValueFormat::round(-0.4), 0);
+    EXPECT_EQ(ValueFormat::round(std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+TEST(ValueFormat, RoundToDecimalsAddsHalfAStep) {
+    // The added half step is deliberate: 1.24 at one decimal gives 1.25.
+    EXPECT_NEAR(ValueFormat::roundToDecimals(1, 1.24), 1.25, 1e-12);
+    EXPECT_NEAR(ValueFormat::roundToDecimals(1, -1.24), -1.25, 1e-12);
+    EXPECT_NEAR(ValueFormat::roundToDecimals(2, 3.14159), 3.145, 1e-12);
+    EXPECT_EQ(ValueFormat::roundToDecimals(-1, 3.14159), 3.14159);
+}
+
+TEST(ResultFields, ColumnsComeInTheWindowOrder) {
+    const std::vector<std::string> expected = {"Lumens",
+                                               "Vis watt",
+                                               "LER",
+                                               "CCT",
+                                               "Mired",
+                                               "x",
+                                               "y",
+                                               "u'",
+                                               "v'",
+                                               "Duv",
+                                               "Du'v'",
+                                               "dom WL",
+                                               "Purity (%)",
+                                               "X",
+                                               "Y",
+                                               "Z",
+                                               "Lumens (S)",
+                                               "S/P ratio",
+                                               "CCT (F,10)",
+                                               "x (F,10)",
+                                               "y (F,10)",
+                                               "u' (F,10)",
+                                               "v' (F,10)",
+                                               "Duv (F,10)",
+                                               "Du'v' (F,10)",
+                                               "Lumens (F,10)"};
+    const std::vector<ResultField> fields = mainResultFields(warmWhite());
+    ASSERT_EQ(fields.size(), expected.size());
+    for (size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(fields[i].name, expected[i]);
+}
+
+TEST(ResultFields, WarmWhiteShowsTheWindowFormats) {
+    const std::vector<ResultField> f = mainResultFields(warmWhite());
+    const struct {
+        const char* name;
+        const char* text;
+    } cases[] = {{"Lumens", "1235"},       {"Vis watt", "5.43"},     {"LER", "227"},
+                 {"CCT", "2856"},          {"Mired", "350"},         {"x", "0.4476"},
+                 {"y", "0.4074"},          {"Duv", "0.0000"},        {"Du'v'", "0.0000"},
+                 {"dom WL", "583.3"},      {"Purity (%)", "53.0"},   {"S/P ratio", "1.36"},
+                 {"CCT (F,10)", "2830"},   {"Duv (F,10)", "0.0000"}, {"Du'v' (F,10)", "0.0001"},
+                 {"Lumens (F,10)", "1300"}};
+    for (const auto& c : cases) EXPECT_EQ(byName(f, c.name).text, c.text) << c.name;
+    EXPECT_DOUBLE_EQ(byName(f, "Duv").value, -0.00003);  // the sign stays in the value
+    EXPECT_DOUBLE_EQ(byName(f, "Mired").value, 1e6 / 2856.44);
+}
+
+TEST(ResultFields, NegativeDistancesKeepTheirSignWhenVisible) {
+    SpectrumResults r = warmWhite();
+    r.duv = -0.0123;
+    r.duv10 = -0.00012;
+    const std::vector<ResultField> f = mainResultFields(r, 6);
+    EXPECT_EQ(byName(f, "Duv").text, "-0.012300");
+    EXPECT_EQ(byName(f, "Duv (F,10)").text, "-0.000120");
+    EXPECT_EQ(byName(f, "x").text, "0.447571");
+}
+
+TEST(ResultFields, ValuesWithoutMeaningShowNA) {
+    SpectrumResults r = warmWhite();
+    r.duv = 0.06;    // too far from the locus for a CCT
+    r.domWL = -1.0;  // a purple
+    r.purity = -1.0;
+    r.lumens = 0.0;
+    r.wattsVis = 0.0;
+    r.cct10 = 998.0;  // "<1000": no mired from it
+    r.Z = std::numeric_limits<double>::infinity();
+    const std::vector<ResultField> f = mainResultFields(r);
+    for (const char* name : {"CCT", "Mired", "dom WL", "Purity (%)", "S/P ratio", "LER", "Z"}) {
+        EXPECT_EQ(byName(f, name).text, "N/A") << name;
+        EXPECT_FALSE(byName(f, name).defined) << name;
+    }
+    EXPECT_EQ(byName(f, "CCT (F,10)").text, "<1000");
+}
