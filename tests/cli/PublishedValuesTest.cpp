@@ -87,20 +87,3 @@ TEST(PublishedValues, CieIlluminantsMatchCie015ChromaticitiesAndCct) {
         }
     }
 }
-
-TEST(PublishedValues, DefaultOutputShowsTheWindowFormats) {
-    int status = -1;
-    std::istringstream out(run("calc " + DATA_DIR + "cie_A_5nm.txt", &status));
-    ASSERT_EQ(status, 0);
-    std::string headerLine, row;
-    ASSERT_TRUE(std::getline(out, headerLine));
-    ASSERT_TRUE(std::getline(out, row));
-    const std::vector<std::string> header = splitTabs(headerLine), cells = splitTabs(row);
-    ASSERT_EQ(cells.size(), header.size());
-    std::map<std::string, std::string> value;
-    for (size_t i = 0; i < header.size(); ++i) value[header[i]] = cells[i];
-    EXPECT_EQ(value["CCT"], "2856");
-    EXPECT_EQ(value["x"], "0.4476");
-    EXPECT_EQ(value["y"], "0.4074");
-    EXPECT_EQ(value["Mired"], "350");
-}

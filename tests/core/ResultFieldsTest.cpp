@@ -74,38 +74,6 @@ TEST(ValueFormat, RoundToDecimalsAddsHalfAStep) {
     EXPECT_EQ(ValueFormat::roundToDecimals(-1, 3.14159), 3.14159);
 }
 
-TEST(ResultFields, ColumnsComeInTheWindowOrder) {
-    const std::vector<std::string> expected = {"Lumens",
-                                               "Vis watt",
-                                               "LER",
-                                               "CCT",
-                                               "Mired",
-                                               "x",
-                                               "y",
-                                               "u'",
-                                               "v'",
-                                               "Duv",
-                                               "Du'v'",
-                                               "dom WL",
-                                               "Purity (%)",
-                                               "X",
-                                               "Y",
-                                               "Z",
-                                               "Lumens (S)",
-                                               "S/P ratio",
-                                               "CCT (F,10)",
-                                               "x (F,10)",
-                                               "y (F,10)",
-                                               "u' (F,10)",
-                                               "v' (F,10)",
-                                               "Duv (F,10)",
-                                               "Du'v' (F,10)",
-                                               "Lumens (F,10)"};
-    const std::vector<ResultField> fields = mainResultFields(warmWhite());
-    ASSERT_EQ(fields.size(), expected.size());
-    for (size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(fields[i].name, expected[i]);
-}
-
 TEST(ResultFields, WarmWhiteShowsTheWindowFormats) {
     const std::vector<ResultField> f = mainResultFields(warmWhite());
     const struct {

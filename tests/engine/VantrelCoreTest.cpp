@@ -36,17 +36,6 @@ TEST(VantrelObserver, OutOfRangeIndexSelectsTheCie1931Observer) {
     }
 }
 
-TEST(VantrelObserver, PhotopicCurveFollowsOnlyThe2015TenDegreeObserver) {
-    Vantrel v;
-    const int i = gridIndex(450);
-    v.setCIE_XYZ_bar_type(1);
-    EXPECT_EQ(v.getPhotopicCurveData(i), v.get_ybar_CurveData_1931_2_deg(i));
-    EXPECT_NE(v.get_ybar_CurveData(i), v.get_ybar_CurveData_1931_2_deg(i));
-    v.setCIE_XYZ_bar_type(3);
-    EXPECT_EQ(v.getPhotopicCurveData(i), v.get_ybar_CurveData_2015_10_deg(i));
-    EXPECT_EQ(v.getPhotopicCurveData(N), 0.0);  // off the grid
-}
-
 TEST(VantrelIntegration, EndPointsWeighOneAndAHalf) {
     Vantrel v;
     std::vector<double> flat(N, 1.0), ybar(N);
@@ -121,16 +110,6 @@ TEST(VantrelPhotometry, VisibleWattsTakeHalfTheEndPointsOffOnce) {
 
     std::vector<double> flat(N, 1.0);
     EXPECT_DOUBLE_EQ(Vantrel::getSpectralWatts(N, flat.data(), 2.0), 470.0);
-}
-
-TEST(VantrelPhotometry, XyIsZeroWhenTheTristimulusSumVanishes) {
-    double x = -1, y = -1;
-    Vantrel::get_xy_XYZ(1e-10, 1e-10, 1e-10, &x, &y);
-    EXPECT_EQ(x, 0.0);
-    EXPECT_EQ(y, 0.0);
-    Vantrel::get_xy_XYZ(1.0, 2.0, 1.0, &x, &y);
-    EXPECT_DOUBLE_EQ(x, 0.25);
-    EXPECT_DOUBLE_EQ(y, 0.5);
 }
 
 TEST(VantrelPhotometry, AllZeroSpectrumGivesZeroChromaticityWithoutCrashing) {
