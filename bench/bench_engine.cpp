@@ -31,16 +31,30 @@ void BM_calcCCT(benchmark::State& state) {
 }
 BENCHMARK(BM_calcCCT)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
+// color() without and with the Colour Quality Scale (Arg 0 / 1); R values always run.
 void BM_color(benchmark::State& state) {
+    const bool doQ = state.range(0) != 0;
     const std::vector<double> s = whiteLed();
     Vantrel v;
     v.calcCCT(s.data(), false);
     for (auto _ : state) {
-        v.color(s.data(), false, false);
+        v.color(s.data(), false, doQ, false, true, false);
         benchmark::DoNotOptimize(v.getXcoord());
     }
+    state.SetLabel(doQ ? "with CQS" : "without CQS");
 }
-BENCHMARK(BM_color)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_color)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
+void BM_defineCIELabForRValues(benchmark::State& state) {
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    v.calcAll(s.data(), false, false);
+    for (auto _ : state) {
+        v.defineCIELabForRValues(s.data());
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(BM_defineCIELabForRValues)->Unit(benchmark::kMicrosecond);
 
 void BM_calcAll(benchmark::State& state) {
     const std::vector<double> s = whiteLed();

@@ -24,6 +24,18 @@ SpectrumResults SpectrumCalculator::calculate(const double* spectrum) {
     r.purity = engine.getPurity();
     engine.getXYZ(&r.X, &r.Y, &r.Z);
     r.scotopicLumens = engine.getScotopicLumens(spectrum);
+    engine.returnRvalues(r.R);
+    engine.returnQvalues(r.Q);
+
+    // The centroid reads the grid extended to 1050 nm; beyond 830 nm this spectrum is dark.
+    double extended[Vantrel::NUM_GRID_POINTS_IR] = {};
+    double wavelengths[Vantrel::NUM_GRID_POINTS];
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
+        extended[i] = spectrum[i];
+        wavelengths[i] = 360.0 + 2.0 * i;
+    }
+    r.centroidWL = Vantrel::getPeakCentroid(extended);
+    r.fwhm = Vantrel::getFWHM(0, Vantrel::NUM_GRID_POINTS, wavelengths, spectrum);
 
     engine10.calcAll(spectrum, false, true);
     r.cct10 = engine10.getCCT();
@@ -68,6 +80,19 @@ ResultField cctField(const char* name, double cct, double duv) {
     return field(name, cct, buf);
 }
 
+// A rendering index as the window shows it: rounded half away from zero, "%d".
+ResultField indexField(const std::string& name, double value) {
+    return field(name.c_str(), value, ValueFormat::format("%d", ValueFormat::round(value)));
+}
+
+// Ra through the engine's text, which judges the CCT (1000 to 25000 K).
+ResultField criField(double ra, double cct) {
+    char buf[16];
+    Vantrel::getCRIstring(buf, cct, ValueFormat::round(ra));
+    if (std::string(buf) == UNDEFINED_TERM) return undefinedField("CRI (Ra)");
+    return field("CRI (Ra)", ra, buf);
+}
+
 // Mired from the CCT as the CCT field shows it; texts such as "<1000" give no value.
 ResultField miredField(const ResultField& cctShown) {
     const double shown = cctShown.defined ? std::strtod(cctShown.text.c_str(), nullptr) : 0.0;
@@ -79,7 +104,7 @@ ResultField miredField(const ResultField& cctShown) {
 std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals) {
     const double smallest = std::pow(10.0, -numDecimals);
     std::vector<ResultField> f;
-    f.reserve(26);
+    f.reserve(60);
     f.push_back(valueField("Lumens", r.lumens));
     f.push_back(valueField("Vis watt", r.wattsVis));
     f.push_back(r.wattsVis > 0 ? valueField("LER", r.lumens / r.wattsVis) : undefinedField("LER"));
@@ -109,5 +134,16 @@ std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecim
     f.push_back(distanceField("Duv (F,10)", r.duv10, numDecimals, 1e-4));
     f.push_back(distanceField("Du'v' (F,10)", r.dupvp10, numDecimals, 1e-4));
     f.push_back(valueField("Lumens (F,10)", r.lumens10));
+    f.push_back(criField(r.R[0], r.cct));
+    for (int k = 1; k < Vantrel::NUM_SAMPLES; ++k) {
+        f.push_back(indexField("R" + std::to_string(k), r.R[k]));
+    }
+    f.push_back(indexField("CQS (Qa)", r.Q[0]));
+    for (int k = 1; k < Vantrel::NUM_SAMPLES; ++k) {
+        f.push_back(indexField("Q" + std::to_string(k), r.Q[k]));
+    }
+    f.push_back(r.centroidWL > 1 ? fixedField("cent WL", r.centroidWL, 1)
+                                 : undefinedField("cent WL"));
+    f.push_back(r.fwhm > 0 ? fixedField("FWHM", r.fwhm, 1) : undefinedField("FWHM"));
     return f;
 }

@@ -18,6 +18,10 @@ struct SpectrumResults {
     double domWL = 0, purity = 0;
     double X = 0, Y = 0, Z = 0;  // from x, y and lumens
     double scotopicLumens = 0;
+    double R[Vantrel::NUM_SAMPLES] = {};  // Ra, R1 to R15 (CIE 13.3)
+    double Q[Vantrel::NUM_SAMPLES] = {};  // Qa, Q1 to Q15 (CQS 9.1)
+    double centroidWL = 0;                // nm
+    double fwhm = 0;                      // nm, -1 when there is no single peak
     // The second engine, on the CIE 2015 10° observer.
     double cct10 = 0, x10 = 0, y10 = 0, up10 = 0, vp10 = 0, duv10 = 0, dupvp10 = 0, lumens10 = 0;
 };
@@ -47,7 +51,8 @@ class SpectrumCalculator {
 // The fields of the main window for these results, in the order of the command-line columns:
 // "Lumens", "Vis watt", "LER", "CCT", "Mired", "x", "y", "u'", "v'", "Duv", "Du'v'", "dom WL",
 // "Purity (%)", "X", "Y", "Z", "Lumens (S)", "S/P ratio", "CCT (F,10)", "x (F,10)", "y (F,10)",
-// "u' (F,10)", "v' (F,10)", "Duv (F,10)", "Du'v' (F,10)", "Lumens (F,10)".
+// "u' (F,10)", "v' (F,10)", "Duv (F,10)", "Du'v' (F,10)", "Lumens (F,10)", "CRI (Ra)",
+// "R1" ... "R15", "CQS (Qa)", "Q1" ... "Q15", "cent WL", "FWHM".
 // numDecimals is the setting for x, y, u', v' and Duv (4 or 6).
 std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals = 4);
 

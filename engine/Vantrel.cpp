@@ -218,9 +218,9 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
     integrateSamples(1, t.normRef);
     cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
 
-    // R values (always) and Q values (when doQ) are computed here once the colour rendering
-    // calculations are in; until then they keep their previous values.
-    (void)doQ;
+    getRvalues(rValues, sc[0], sd[0], sc[1][0], sd[1][0], sY[0], sY[1], su[1], sv[1]);
+    if (doQ)
+        getQvalues(qValues, t.normTest, t.normRef, whiteXYZ[1][0], whiteXYZ[1][1], whiteXYZ[1][2]);
 
     deltaUV_cri = getSignedDistance(su[0][0], su[1][0], sv[0][0], sv[1][0]);
 
@@ -237,9 +237,8 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
 
     if (doDomWL) calcDomWL_purity(xcoord, ycoord);
 
-    // CIELAB of the R samples (cieLabR) and of the CES (cieLabCES) join with colour rendering.
-    (void)cieLabR;
-    (void)cieLabCES;
+    if (cieLabR) defineCIELabForRValues(spectrum);
+    if (cieLabCES) defineCIELABForCESColors(spectrum);
 
     // Overwrites row 1, column 0 with the Planck point at the CCT.
     calDeltaBlackBody(cct, xcoord, ycoord, false);

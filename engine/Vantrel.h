@@ -235,6 +235,99 @@ class Vantrel {
     static bool resampleSpectrum(int n, const double* wl, const double* value, double start,
                                  double end, double step, double* outWl, double* outValue);
 
+    // --- Colour rendering (CIE 13.3, 15 samples) ----------------------------------------------
+    // R[0] = Ra (mean of R1-R8), R[1..15]; a NaN R value becomes R_VALUE_NAN.
+    void getRvalues(double* R, const double* cTest, const double* dTest, double cRef, double dRef,
+                    const double* YTest, const double* YRef, const double* uRef,
+                    const double* vRef) const;
+    // R values of n user reflectances under the current CCT's reference; R[i] is colors[i].
+    void getUserRvalues(int n, const double* const* colors, double* R, const double* spectrum);
+    // "N/A" outside 1000 to 25000 K, else "%d". buf holds at least 16 characters.
+    static void getCRIstring(char* buf, double cct, int value);
+    void defineCIELabForRValues(const double* spectrum);
+    void defineCIELABForCESColors(const double* spectrum);
+    // Adaptation and CIELAB of one sample: adapt non-zero adapts from white row `row` to the
+    // reference white by CMCCAT2000 at 1000 cd/m², else by the CIE 13.3 von Kries rule.
+    void get_Lab(int adapt, int row, double Yt, double ut, double vt, double ct, double dt,
+                 double cr, double dr, double spare1, double spare2, double spare3, double spare4,
+                 double Xn, double Yn, double Zn, double X, double Y, double Z, double* L,
+                 double* a, double* b) const;
+    static void von_Kries_adapted_XYZ(double Y, double u, double v, double ct, double dt, double cr,
+                                      double dr, double* X, double* Yout, double* Z);
+    // CMCCAT2000 from sourceWhite to targetWhite at the given adapting luminance (cd/m²).
+    static void CMCCAT_v(double X, double Y, double Z, const double* sourceWhite,
+                         const double* targetWhite, double adaptLuminance, double* outXYZ);
+
+    // --- Colour Quality Scale 9.1 (NIST CQS 9.0 samples) ---------------------------------------
+    void getQvalues(double* Q, const double* testSpectrum, const double* referenceSpectrum,
+                    double Xr, double Yr, double Zr);
+    static void get_CQS_term(int k, double** a, double** b, double** L, double* chroma,
+                             double* sumSquares, double* Qk);
+    void getUserQvalues(int n, const double* const* colors, double* Q, const double* spectrum,
+                        double** X, double** Y, double** Z, double** L, double** a, double** b,
+                        double** x, double** y);
+    double getUserQvaluesCQS() const { return userQa; }
+    static int getCQSmajorVersion() { return 9; }
+    static int getCQSminorVersion() { return 1; }
+    // Heron's rule; *failed is set (and 0 returned) for a degenerate triangle.
+    static double triangleArea(double x1, double y1, double x2, double y2, double x3, double y3,
+                               bool* failed);
+
+    // --- Colour spaces and colour difference ---------------------------------------------------
+    static void get_CIELab_from_XYZ(double X, double Y, double Z, double Xn, double Yn, double Zn,
+                                    double* L, double* a, double* b);
+    static void get_XYZ_from_CIELab(double L, double a, double b, double Xn, double Yn, double Zn,
+                                    double* X, double* Y, double* Z);
+    static void get_xy_from_CIELab(double L, double a, double b, double Xn, double Yn, double Zn,
+                                   double* x, double* y);
+    static double varFunction(double t);
+    static double varFunction_1(double t);
+    static double get_dE_star_from_CIELab(double L1, double a1, double b1, double L2, double a2,
+                                          double b2);
+    // CIEDE2000; dL, dC, dH are the raw differences (first minus second) before k and S.
+    // spare1 and spare2 are kept in the argument list and written by nothing.
+    static void get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double L2, double a2,
+                                          double b2, double kL, double kC, double kH,
+                                          double* spare1, double* spare2, double* SL, double* SC,
+                                          double* SH, double* dL, double* dC, double* dH,
+                                          double* dE, FILE* trace);
+    static void get_CIEDE2000_from_XYZ(int index, double X1, double Y1, double Z1, double X2,
+                                       double Y2, double Z2, double Xn, double Yn, double Zn,
+                                       double kL, double kC, double kH, double* SL, double* SC,
+                                       double* SH, double* dL, double* dC, double* dH, double* dE,
+                                       FILE* trace);
+    // X, Y, Z on the 0 to 100 scale to 8-bit sRGB (D65).
+    static void XYZ_to_sRGB_D65(double X, double Y, double Z, int* r, int* g, int* b);
+    // Components 0 to 1, hue in degrees; a hue of -1 means none (black).
+    static void RGBtoHSV(double r, double g, double b, double* h, double* s, double* v);
+    static void HSVtoRGB(double h, double s, double v, double* r, double* g, double* b);
+    static void RGBtoHSL(double r, double g, double b, double* h, double* s, double* l);
+    static void HSLtoRGB(double h, double s, double l, double* r, double* g, double* b);
+    static void HSVtoHSL(double h, double s, double v, double* hOut, double* sOut, double* l);
+    static void HSLtoHSV(double h, double s, double l, double* hOut, double* sOut, double* v);
+    static double HueToRgb(double p, double q, double t);
+
+    // --- Mixing and photons --------------------------------------------------------------------
+    // Lumens of three sources (xs, ys) that mix to x, y at `lumens`; false when two sources
+    // cannot be told apart. Negative solutions are returned as they are.
+    static bool mix3Colors(double x, double y, double lumens, const double* xs, const double* ys,
+                           double* outLumens);
+    static void getCxCyFromMix(int n, const double* x, const double* y, const double* lumens,
+                               double* outX, double* outY);
+    static double convert_to_Photons_Sec_from_Watts_nm(double watts, double nm);
+    static double convert_to_Watts_nm_from_Photons_Sec(double photons, double nm);
+
+    // --- Spectrum tools ------------------------------------------------------------------------
+    static void linearInterpolateTo2nm(int n, const double* wl, const double* value, int outN,
+                                       double* out);
+    // Full width at half maximum over [first, last); -1 when a half-height crossing is missing.
+    static double getFWHM(int first, int last, const double* wl, const double* value);
+    // Centroid (nm) of a 2 nm spectrum from 360 nm; reads NUM_GRID_POINTS_IR values.
+    static double getPeakCentroid(const double* spectrum);
+    static void convolute(const double* a, int na, const double* kernel, int nk, double* out);
+    static double getRMSdiff(int n, const double* a, const double* b, const double* weight);
+    static void getMinMaxForDiagram(int type, double* xMax, double* yMax);
+
   private:
     struct Tables;
     void loadObserverDependentTables();

@@ -93,10 +93,15 @@ class CalcCommand : public ::testing::Test {
 };
 
 TEST_F(CalcCommand, HeaderListsTheFileThenTheWindowFields) {
+    std::string rendering = "\tCRI (Ra)";
+    for (int k = 1; k <= 15; ++k) rendering += "\tR" + std::to_string(k);
+    rendering += "\tCQS (Qa)";
+    for (int k = 1; k <= 15; ++k) rendering += "\tQ" + std::to_string(k);
     EXPECT_EQ(split(calc({write("lamp.txt", planckText())}).out, '\n').at(0),
               "file\tLumens\tVis watt\tLER\tCCT\tMired\tx\ty\tu'\tv'\tDuv\tDu'v'\tdom WL\t"
               "Purity (%)\tX\tY\tZ\tLumens (S)\tS/P ratio\tCCT (F,10)\tx (F,10)\ty (F,10)\t"
-              "u' (F,10)\tv' (F,10)\tDuv (F,10)\tDu'v' (F,10)\tLumens (F,10)");
+              "u' (F,10)\tv' (F,10)\tDuv (F,10)\tDu'v' (F,10)\tLumens (F,10)" +
+                  rendering + "\tcent WL\tFWHM");
 }
 
 TEST_F(CalcCommand, PrintsTheWindowResultsInBothFormatsForEveryObserver) {
