@@ -171,3 +171,19 @@ TEST(VantrelCRI, LabSetsSeparateAGoodFromAPoorSource) {
     EXPECT_GT(L[1][9], 20.0);  // the strong red is a mid-dark sample under any white
     EXPECT_LT(L[1][9], 60.0);
 }
+
+TEST(VantrelCQS, QValuesKeepTheirLastRunWhenNotAskedFor) {
+    Vantrel v;
+    const std::vector<double> warm = gaussian(600, 80), green = gaussian(530, 30);
+    double first[NS], after[NS];
+    v.calcAll(warm.data(), false, false);
+    v.returnQvalues(first);
+    v.calcCCT(green.data(), false);
+    v.color(green.data(), false, false, true, true, false);  // doQ off
+    v.returnQvalues(after);
+    for (int k = 0; k < NS; ++k) EXPECT_EQ(after[k], first[k]) << "Q" << k;
+    // The four-flag form always computes Q, whatever its other flags say.
+    v.color(green.data(), false, false, false, false);
+    v.returnQvalues(after);
+    EXPECT_NE(after[0], first[0]);
+}
