@@ -66,6 +66,19 @@ void BM_calcAll(benchmark::State& state) {
 }
 BENCHMARK(BM_calcAll)->Unit(benchmark::kMicrosecond);
 
+// IES TM-30-18 on the 99 CES, with CCT and Duv of a prior calcAll as the program runs it.
+void BM_calculate_TM30(benchmark::State& state) {
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    v.calcAll(s.data(), false, false);
+    const double duv = v.getDeltaUVPlanck(), cct = v.getCCT();
+    for (auto _ : state) {
+        v.calculate_TM30(duv, cct, s.data());
+        benchmark::DoNotOptimize(v.get_TM30_Rf());
+    }
+}
+BENCHMARK(BM_calculate_TM30)->Unit(benchmark::kMicrosecond);
+
 void BM_construct(benchmark::State& state) {
     for (auto _ : state) {
         Vantrel v;
@@ -73,6 +86,16 @@ void BM_construct(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_construct)->Unit(benchmark::kMicrosecond);
+
+// TLCI-2012 with the reference luminaire of the LED's CCT (tables filled anew on every call).
+void BM_TLCI(benchmark::State& state) {
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    v.calcAll(s.data(), false, false);
+    const double cct = v.getCCT();
+    for (auto _ : state) benchmark::DoNotOptimize(v.getQa_TLCI_2012(s.data(), nullptr, cct));
+}
+BENCHMARK(BM_TLCI)->Unit(benchmark::kMicrosecond);
 }  // namespace
 
 BENCHMARK_MAIN();

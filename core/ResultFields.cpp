@@ -37,6 +37,17 @@ SpectrumResults SpectrumCalculator::calculate(const double* spectrum) {
     r.centroidWL = Vantrel::getPeakCentroid(extended);
     r.fwhm = Vantrel::getFWHM(0, Vantrel::NUM_GRID_POINTS, wavelengths, spectrum);
 
+    r.tlciQa = engine.getQa_TLCI_2012(spectrum, nullptr, r.cct);
+    r.tlciD = Vantrel::getD_TLCI_2012(r.cct, r.duv);
+    engine.calculate_TM30(r.duv, r.cct, spectrum);
+    r.tm30Error = engine.get_TM30Error();
+    r.Rf = engine.get_TM30_Rf();
+    r.Rg = engine.get_TM30_Rg();
+    r.RfSkin = engine.get_TM30_Rf_skin();
+    engine.getTM30RfByHue(r.RfByHue);
+    engine.getTM30HueShifts(r.hueShift);
+    engine.getTM30ChromaShiftsAsPercent(r.chromaShiftPct);
+
     engine10.calcAll(spectrum, false, true);
     r.cct10 = engine10.getCCT();
     r.x10 = engine10.getXcoord();
@@ -93,6 +104,32 @@ ResultField criField(double ra, double cct) {
     return field("CRI (Ra)", ra, buf);
 }
 
+// The TM-30 fields; a refused run shows none of its (stale) tables.
+void appendTM30(const SpectrumResults& r, std::vector<ResultField>& f) {
+    const int bins = Vantrel::TM30_NUM_BINS;
+    std::vector<ResultField> tm30;
+    tm30.push_back(indexField("Rf", r.Rf));
+    tm30.push_back(indexField("Rg", r.Rg));
+    tm30.push_back(indexField("Rf,skin", r.RfSkin));
+    for (int j = 0; j < bins; ++j) {
+        tm30.push_back(indexField("Rfh," + std::to_string(j + 1), r.RfByHue[j]));
+    }
+    for (int j = 0; j < bins; ++j) {
+        const std::string name = "Rhs,h" + std::to_string(j + 1);
+        tm30.push_back(
+            field(name.c_str(), r.hueShift[j], ValueFormat::format("%.2lf", r.hueShift[j])));
+    }
+    for (int j = 0; j < bins; ++j) {
+        const std::string name = "Rcs,h" + std::to_string(j + 1);
+        tm30.push_back(field(name.c_str(), r.chromaShiftPct[j],
+                             ValueFormat::format("%d%%", ValueFormat::round(r.chromaShiftPct[j]))));
+    }
+    for (ResultField& t : tm30) {
+        if (r.tm30Error) t = undefinedField(t.name.c_str());
+        f.push_back(t);
+    }
+}
+
 // Mired from the CCT as the CCT field shows it; texts such as "<1000" give no value.
 ResultField miredField(const ResultField& cctShown) {
     const double shown = cctShown.defined ? std::strtod(cctShown.text.c_str(), nullptr) : 0.0;
@@ -104,7 +141,7 @@ ResultField miredField(const ResultField& cctShown) {
 std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals) {
     const double smallest = std::pow(10.0, -numDecimals);
     std::vector<ResultField> f;
-    f.reserve(60);
+    f.reserve(115);
     f.push_back(valueField("Lumens", r.lumens));
     f.push_back(valueField("Vis watt", r.wattsVis));
     f.push_back(r.wattsVis > 0 ? valueField("LER", r.lumens / r.wattsVis) : undefinedField("LER"));
@@ -145,5 +182,12 @@ std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecim
     f.push_back(r.centroidWL > 1 ? fixedField("cent WL", r.centroidWL, 1)
                                  : undefinedField("cent WL"));
     f.push_back(r.fwhm > 0 ? fixedField("FWHM", r.fwhm, 1) : undefinedField("FWHM"));
+    appendTM30(r, f);
+    // TLCI Qa is shown as trunc(Qa + 0.5); a negative Qa (no patch in gamut) has no value.
+    const bool tlciValid = r.tlciQa >= 0;
+    f.push_back(tlciValid ? field("TLCI Qa", r.tlciQa,
+                                  ValueFormat::format("%d", static_cast<int>(r.tlciQa + 0.5)))
+                          : undefinedField("TLCI Qa"));
+    f.push_back(tlciValid ? fixedField("TLCI d", r.tlciD, 1) : undefinedField("TLCI d"));
     return f;
 }

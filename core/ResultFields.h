@@ -22,6 +22,14 @@ struct SpectrumResults {
     double Q[Vantrel::NUM_SAMPLES] = {};  // Qa, Q1 to Q15 (CQS 9.1)
     double centroidWL = 0;                // nm
     double fwhm = 0;                      // nm, -1 when there is no single peak
+    // IES TM-30-18 (refused for |Duv| > 0.1).
+    bool tm30Error = false;
+    double Rf = 0, Rg = 0, RfSkin = 0;
+    double RfByHue[Vantrel::TM30_NUM_BINS] = {};         // Rf,hj as the engine rounds them
+    double hueShift[Vantrel::TM30_NUM_BINS] = {};        // Rhs,hj
+    double chromaShiftPct[Vantrel::TM30_NUM_BINS] = {};  // Rcs,hj in percent
+    // TLCI-2012: Qa (TLCI_FAILED when no patch is in gamut) and the colour offset d.
+    double tlciQa = 0, tlciD = 0;
     // The second engine, on the CIE 2015 10° observer.
     double cct10 = 0, x10 = 0, y10 = 0, up10 = 0, vp10 = 0, duv10 = 0, dupvp10 = 0, lumens10 = 0;
 };
@@ -52,7 +60,8 @@ class SpectrumCalculator {
 // "Lumens", "Vis watt", "LER", "CCT", "Mired", "x", "y", "u'", "v'", "Duv", "Du'v'", "dom WL",
 // "Purity (%)", "X", "Y", "Z", "Lumens (S)", "S/P ratio", "CCT (F,10)", "x (F,10)", "y (F,10)",
 // "u' (F,10)", "v' (F,10)", "Duv (F,10)", "Du'v' (F,10)", "Lumens (F,10)", "CRI (Ra)",
-// "R1" ... "R15", "CQS (Qa)", "Q1" ... "Q15", "cent WL", "FWHM".
+// "R1" ... "R15", "CQS (Qa)", "Q1" ... "Q15", "cent WL", "FWHM", "Rf", "Rg", "Rf,skin",
+// "Rfh,1" ... "Rfh,16", "Rhs,h1" ... "Rhs,h16", "Rcs,h1" ... "Rcs,h16", "TLCI Qa", "TLCI d".
 // numDecimals is the setting for x, y, u', v' and Duv (4 or 6).
 std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals = 4);
 

@@ -14,6 +14,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 #include "VantrelData.h"
 
@@ -328,6 +329,76 @@ class Vantrel {
     static double getRMSdiff(int n, const double* a, const double* b, const double* weight);
     static void getMinMaxForDiagram(int type, double* xMax, double* yMax);
 
+    // --- IES TM-30-18 -----------------------------------------------------------------------
+    static constexpr int TM30_NUM_BINS = 16;
+    static constexpr int TM30_BIN_COLUMNS = 18;
+    static const char* getTM30_version() { return "TM-30-18"; }
+    // The 99 CES; refused (Rf, Rg, Rf,skin at TM30_REFUSED and get_TM30Error true) when
+    // |duv| > 0.1. duv and cct come from the caller's earlier calcCCT and color.
+    void calculate_TM30(double duv, double cct, const double* spectrum);
+    // n user reflectances in place of the CES when colors is not null and n >= 1.
+    void calculate_TM30(double duv, double cct, const double* spectrum, int n,
+                        const double* const* colors);
+    // J', a', b' (component 0 to 2) of a colour, row 0 test, 1 reference.
+    double getTM30JabValues(int color, int row, int component) const;
+    double getTM30Rfi(int color) const;
+    // Screen colours of the samples, rgb[color][row][channel], 0 to 255.
+    void getTM30PatchColors(int n, int (*rgb)[2][3]) const;
+    void getTM30PatchColors(int (*rgb)[2][3]) const { getTM30PatchColors(NUM_CES, rgb); }
+    void getTM30PatchColorsUser(int n, int (*rgb)[2][3]) const { getTM30PatchColors(n, rgb); }
+    // The 16 hue-bin colours of the graphics.
+    void getTM30HueRGB(double* r, double* g, double* b) const;
+    void getTM30ChromaShiftsAsPercent(double* out) const;
+    void getTM30HueShifts(double* out) const;
+    int getTM30NumInHueBin(int bin) const;
+    void getTM30NumInHueBins(int* out) const;
+    // Rf,hj of the 16 bins, rounded as trunc(0.5 + value).
+    void getTM30RfByHue(double* out) const;
+    // which != 0: the reference bin means, else the test bin means (16 points each).
+    void getTM30GamutAreaPolygonPoints(int which, double* x, double* y) const;
+    // which != 0: the unit circle at the bin hues, else the shifted points.
+    void getTM30DistortionIconPoints(int which, double* x, double* y) const;
+    // Planck to 4000 K, CIE daylight from 5000 K, blended between.
+    void getTM30ReferenceSpectrum(double cct, double* s) const;
+    void cleanUpTM30();
+    static void XYZ2RGB(const double* XYZ, double Xw, double Yw, double Zw, int* r, int* g, int* b);
+    // CIECAM02 with CAM02-UCS under the fixed TM-30 viewing conditions; Jab = J', a', b'.
+    static void CalcCAM02(double Xw, double Yw, double Zw, double X, double Y, double Z,
+                          double* Jab);
+    static void Calc_DeltaE(int n, const double (*Jab)[2][3], double* dE, double* sum);
+    // Shoelace area of the closed polygon of n rows of a bin table.
+    static double polygonArea(const double (*table)[TM30_BIN_COLUMNS], int xColumn, int yColumn,
+                              int n);
+
+    // --- TLCI-2012 (EBU Tech 3355) -------------------------------------------------------------
+    static constexpr double TLCI_FAILED = -1000.0;
+    double getQa_TLCI_2012(const double* spectrum, const double* reference, double cct) const;
+    // R, G, B [2][24] gamma-encoded camera values (written only if all three are given),
+    // referenceOut 77 values, sectors [12][3], inGamut 24 flags, trace a stream; each may be null.
+    double getQa_TLCI_2012(const double* spectrum, const double* reference, double cct, double** R,
+                           double** G, double** B, double* referenceOut, int** sectors,
+                           bool* inGamut, FILE* trace) const;
+    static int getNumColors_TLCI_2012() { return 24; }
+    static int getUnknown_TLCI_2012() { return static_cast<int>(TLCI_FAILED); }
+    // Colour offset D from Duv (with the 4000 to 5000 K allowance).
+    static double getD_TLCI_2012(double cct, double duv);
+    static void getTLCI_2012_hue_name_4_char(int sector, char* name);
+    static bool convert2nmTo5nm_TLCI(const double* in, double* out);
+    static void blackBody_TLCI(double T, double* s);
+    static void getSyntheticDaylight_TLCI(const double* S0, const double* S1, const double* S2,
+                                          double* s, double T);
+    static void getXYZ_TLCI(const double* spectrum, const double* reflectance, const double* xbar,
+                            const double* ybar, const double* zbar, double* X, double* Y,
+                            double* Z);
+    static double sum3Products_5nm(const double* a, const double* b, const double* c);
+    static void cameraMatrix(double R, double G, double B, double* Rm, double* Gm, double* Bm);
+    static void forceIntoGamut(double* v);
+    static void saturation_TLCI(double R, double G, double B, double* Rs, double* Gs, double* Bs);
+    static void get_RpcGpcBpc_TLCI(double v, double* out);
+    static void XYZ_from_display_TLCI(double R, double G, double B, double* X, double* Y,
+                                      double* Z);
+    static int getHueSector_TLCI_2012(double R, double G, double B, int* reference);
+
   private:
     struct Tables;
     void loadObserverDependentTables();
@@ -367,6 +438,13 @@ class Vantrel {
     double fci = 0, fsi = -1, fsci = -1;
     double aEllipse = 0, bEllipse = 0, thetaEllipse = 0;
     double userQa = 0;
+    // TM-30 run state; the per-colour arrays are resized only when the colour count changes.
+    int tm30Count = 0;
+    std::vector<double> tm30Jab;  // [count][2][3]
+    std::vector<double> tm30Rfi;  // [count]
+    std::vector<int> tm30Patch;   // [count][2][3]
+    double tm30Bins[TM30_NUM_BINS][TM30_BIN_COLUMNS] = {};
+    double tm30HueShift[TM30_NUM_BINS] = {};
     bool tm30Error = false;
     double tm30Rf = TM30_REFUSED, tm30Rg = TM30_REFUSED, tm30RfSkin = TM30_REFUSED;
 };

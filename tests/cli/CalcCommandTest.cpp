@@ -97,11 +97,15 @@ TEST_F(CalcCommand, HeaderListsTheFileThenTheWindowFields) {
     for (int k = 1; k <= 15; ++k) rendering += "\tR" + std::to_string(k);
     rendering += "\tCQS (Qa)";
     for (int k = 1; k <= 15; ++k) rendering += "\tQ" + std::to_string(k);
+    std::string tm30 = "\tRf\tRg\tRf,skin";
+    for (const char* kind : {"Rfh,", "Rhs,h", "Rcs,h"}) {
+        for (int j = 1; j <= 16; ++j) tm30 += "\t" + std::string(kind) + std::to_string(j);
+    }
     EXPECT_EQ(split(calc({write("lamp.txt", planckText())}).out, '\n').at(0),
               "file\tLumens\tVis watt\tLER\tCCT\tMired\tx\ty\tu'\tv'\tDuv\tDu'v'\tdom WL\t"
               "Purity (%)\tX\tY\tZ\tLumens (S)\tS/P ratio\tCCT (F,10)\tx (F,10)\ty (F,10)\t"
               "u' (F,10)\tv' (F,10)\tDuv (F,10)\tDu'v' (F,10)\tLumens (F,10)" +
-                  rendering + "\tcent WL\tFWHM");
+                  rendering + "\tcent WL\tFWHM" + tm30 + "\tTLCI Qa\tTLCI d");
 }
 
 TEST_F(CalcCommand, PrintsTheWindowResultsInBothFormatsForEveryObserver) {

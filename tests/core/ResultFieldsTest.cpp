@@ -116,3 +116,26 @@ TEST(ResultFields, ValuesWithoutMeaningShowNA) {
     }
     EXPECT_EQ(byName(f, "CCT (F,10)").text, "<1000");
 }
+
+TEST(ResultFields, RefusedTm30AndFailedTlciShowNA) {
+    SpectrumResults r = warmWhite();
+    r.Rf = 84.6;
+    r.chromaShiftPct[0] = -12.5;
+    r.hueShift[3] = 0.123;
+    r.tlciQa = 79.5;
+    r.tlciD = 0.04;
+    std::vector<ResultField> f = mainResultFields(r);
+    EXPECT_EQ(byName(f, "Rf").text, "85");
+    EXPECT_EQ(byName(f, "Rcs,h1").text, "-13%");  // half away from zero
+    EXPECT_EQ(byName(f, "Rhs,h4").text, "0.12");
+    EXPECT_EQ(byName(f, "TLCI Qa").text, "80");  // trunc(Qa + 0.5)
+    EXPECT_EQ(byName(f, "TLCI d").text, "0.0");
+
+    r.tm30Error = true;
+    r.tlciQa = Vantrel::TLCI_FAILED;
+    f = mainResultFields(r);
+    for (const char* name :
+         {"Rf", "Rg", "Rf,skin", "Rfh,1", "Rhs,h16", "Rcs,h8", "TLCI Qa", "TLCI d"}) {
+        EXPECT_EQ(byName(f, name).text, "N/A") << name;
+    }
+}

@@ -1,0 +1,480 @@
+// Television Lighting Consistency Index TLCI-2012 (EBU Tech 3355): the ColorChecker seen by the
+// EBU standard camera under the test and the reference luminaire, shown on a BT.709 display and
+// compared by CIEDE2000. Everything runs on the 77-point grid of the EBU tables (380 to 760 nm in
+// 5 nm steps); spectra on the engine grid are box-averaged onto it first.
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "Vantrel.h"
+
+namespace {
+constexpr int kN = VantrelData::NUM_TLCI;
+constexpr int kPatches = VantrelData::NUM_COLOR_CHECKER;
+constexpr int kSectors = 12;
+// Patches 1 to 18 are scored; patch 19 is the white the camera is balanced on, 20 to 24 the
+// greys, computed for the displays but not scored.
+constexpr int kScored = 18;
+constexpr int kWhitePatch = 18;
+constexpr double kWhiteReflectance = 0.9;
+constexpr int k560nm = 36;
+constexpr double kFirstNm = 380.0;
+constexpr double kStepNm = 5.0;
+constexpr double kLastNm = 760.0;
+constexpr double kEngineFirstNm = 360.0;
+constexpr double kEngineStepNm = 2.0;
+
+// The display white of the colour difference: synthetic daylight at 6500 K.
+constexpr double kLabWhiteCct = 6500.0;
+// Reference luminaire: Planck below 3400 K, CIE daylight above 5000 K, a mix between.
+constexpr double kPlanckBelow = 3400.0;
+constexpr double kDaylightAbove = 5000.0;
+
+// Planck's law relative to 560 nm: c2 = 1.435e7 nm·K as EBU Tech 3355 writes it, and
+// c2 / 560 nm = 25625 K.
+constexpr double kC2 = 1.435e7;
+constexpr double kC2Over560 = 25625.0;
+
+// EBU standard camera linear matrix (EBU Tech 3355 1.3.2).
+constexpr double kCameraMatrix[3][3] = {
+    {1.182, -0.209, 0.027}, {0.107, 0.89, 0.003}, {0.04, -0.134, 1.094}};
+// Mild desaturation of the camera signals: each channel keeps 14/15 of itself and takes 1/30 of
+// each of the others, written with the digits the published results were made with.
+constexpr double kSaturationSelf = 0.9333333333333;
+constexpr double kSaturationOther = 0.0333333333333;
+// BT.709 opto-electronic transfer and the display's pure power law.
+constexpr double kOetfBreak = 0.018;
+constexpr double kOetfLinear = 4.5;
+constexpr double kOetfGain = 1.099;
+constexpr double kOetfExponent = 0.45;
+constexpr double kOetfOffset = 0.099;
+constexpr double kDisplayGamma = 2.4;
+// BT.709 primaries with a D65 white, to XYZ (Y of the display white = 1).
+constexpr double kDisplayToXYZ[3][3] = {
+    {0.412391, 0.357584, 0.180481}, {0.212639, 0.715169, 0.072192}, {0.019331, 0.119195, 0.950532}};
+
+// Qa = 100 / (1 + (ΔEa / 3.16)^2.4), ΔEa the fourth-power mean of the patches' CIEDE2000.
+constexpr double kDeltaEScale = 3.16;
+constexpr double kQaExponent = 2.4;
+constexpr double kCIEDE2000k = 1.0;
+
+// Hue sectors of 30°, sector 0 centred on the display's red (BT.709 colour difference).
+constexpr double kLumaR = 0.2126;
+constexpr double kLumaG = 0.7152;
+constexpr double kLumaB = 0.0722;
+constexpr double kCrScale = 0.635;
+constexpr double kCbScale = 0.5389;
+constexpr double kRadToDeg = 57.29577951308238;
+constexpr double kCbTiny = 1e-6;
+constexpr int kSectorHalfWidth = 15;
+constexpr int kSectorWidth = 30;
+// Per-sector errors are scaled like ΔEa, shown within ±15 and otherwise marked unknown.
+constexpr double kSectorGain = 6.0;
+constexpr double kSectorEmpty = 1000.0;
+constexpr int kSectorLimit = 15;
+constexpr int kSectorUnknown = 1000;
+
+// Colour offset D: Duv in units of 0.00541, with an allowance growing through 4000 to 5000 K.
+constexpr double kDuvUnit = 0.00541;
+constexpr double kAllowanceLow = 4000.0;
+constexpr double kAllowanceHigh = 5000.0;
+constexpr double kAllowancePerKK = 0.9;
+
+// Trace columns: the camera stages of test [t] and reference [r], then what
+// get_CIEDE2000_from_XYZ writes. The camera balances first and applies its matrix after, so the
+// matrixed columns (m, clipped into 0..1) come later in the chain than the balanced ones (wb)
+// that follow them in the table.
+constexpr const char* kColourHeader =
+    "color\t"
+    "Rc[t]\tGc[t]\tBc[t]\tRc[r]\tGc[r]\tBc[r]\t"
+    "Rm[t]\tGm[t]\tBm[t]\tRm[r]\tGm[r]\tBm[r]\t"
+    "Rwb[t]\tGwb[t]\tBwb[t]\tRwb[r]\tGwb[r]\tBwb[r]\t"
+    "Rs[t]\tGs[t]\tBs[t]\tRs[r]\tGs[r]\tBs[r]\t"
+    "Rcp[t]\tGcp[t]\tBcp[t]\tRcp[r]\tGcp[r]\tBcp[r]\t"
+    "Rd[t]\tGd[t]\tBd[t]\tRd[r]\tGd[r]\tBd[r]\t"
+    "X[t]\tY[t]\tZ[t]\tx[t]\ty[t]\tX[r]\tY[r]\tZ[r]\tx[r]\ty[r]\t"
+    "L*[t]\ta*[t]\tb*[t]\tC*[t]\tL*[r]\ta*[r]\tb*[r]\tC*[r]\tCp[t]\tCp[r]\tG\th[t]\th[r]\t"
+    "ap[t]\tap[r]\tSl\tSc\tSh\tT\tRc\tRt\tdTheta\tdL/k/Sl\tdC/k/Sc\tdH/k/Sh\tdE*";
+
+const char* const kHueNames[kSectors] = {"R", "R/Y", "Y", "Y/G", "G", "G/C",
+                                         "C", "C/B", "B", "B/M", "M", "M/R"};
+
+void multiply(const double (&m)[3][3], const double* in, double* out) {
+    for (int r = 0; r < 3; ++r) out[r] = m[r][0] * in[0] + m[r][1] * in[1] + m[r][2] * in[2];
+}
+
+void scale(double* s, double factor) {
+    for (int i = 0; i < kN; ++i) s[i] *= factor;
+}
+
+// A spectrum relative to its value at 560 nm; one without light there is left as it is, since
+// the white balance makes the score independent of scale anyway.
+void normalizeAt560(double* s) {
+    if (s[k560nm] != 0.0) scale(s, 1.0 / s[k560nm]);
+}
+
+// The three camera signals of one patch: three sum3Products_5nm, bit for bit, in one pass so
+// the three running sums overlap instead of waiting on each other.
+void cameraSignals(const double* s, const double* patch, const double (&camera)[3][kN],
+                   double* out) {
+    double sum[3];
+    const int e = kN - 1;
+    for (int c = 0; c < 3; ++c) {
+        sum[c] = 0.5 * (s[0] * patch[0] * camera[c][0] + s[e] * patch[e] * camera[c][e]);
+    }
+    for (int i = 0; i < kN; ++i) {
+        const double lit = s[i] * patch[i];
+        sum[0] += lit * camera[0][i];
+        sum[1] += lit * camera[1][i];
+        sum[2] += lit * camera[2][i];
+    }
+    for (int c = 0; c < 3; ++c) out[c] = sum[c];
+}
+
+double qualityOf(double dE) { return 100.0 / (1.0 + std::pow(dE / kDeltaEScale, kQaExponent)); }
+
+// The camera, display and colour-difference stages of one patch under one luminaire.
+struct Stages {
+    double raw[3], matrixed[3], balanced[3], saturated[3], encoded[3], display[3], XYZ[3];
+};
+}  // namespace
+
+// ---------------------------------------------------------------------------------------------
+// Building blocks
+
+double Vantrel::sum3Products_5nm(const double* a, const double* b, const double* c) {
+    // The engine's integration rule on the 77-point grid: the two end points weigh 1.5.
+    double sum = 0.5 * (a[0] * b[0] * c[0] + a[kN - 1] * b[kN - 1] * c[kN - 1]);
+    for (int i = 0; i < kN; ++i) sum += a[i] * b[i] * c[i];
+    return sum;
+}
+
+void Vantrel::getXYZ_TLCI(const double* spectrum, const double* reflectance, const double* xbar,
+                          const double* ybar, const double* zbar, double* X, double* Y, double* Z) {
+    *X = sum3Products_5nm(spectrum, reflectance, xbar);
+    *Y = sum3Products_5nm(spectrum, reflectance, ybar);
+    *Z = sum3Products_5nm(spectrum, reflectance, zbar);
+}
+
+bool Vantrel::convert2nmTo5nm_TLCI(const double* in, double* out) {
+    double wl[NUM_GRID_POINTS];
+    for (int i = 0; i < NUM_GRID_POINTS; ++i) wl[i] = kEngineFirstNm + kEngineStepNm * i;
+    return resampleSpectrum(NUM_GRID_POINTS, wl, in, kFirstNm, kLastNm, kStepNm, nullptr, out);
+}
+
+void Vantrel::blackBody_TLCI(double T, double* s) {
+    const double at560 = std::exp(kC2Over560 / T) - 1.0;
+    for (int i = 0; i < kN; ++i) {
+        const double nm = kFirstNm + kStepNm * i;
+        s[i] = std::pow(560.0 / nm, 5.0) * at560 / (std::exp(kC2 / nm / T) - 1.0);
+    }
+}
+
+// CIE 15 daylight as getSyntheticDaylight computes it (x_D branch at 7000 K, unrounded M1, M2),
+// on the EBU tables of S0, S1, S2.
+void Vantrel::getSyntheticDaylight_TLCI(const double* S0, const double* S1, const double* S2,
+                                        double* s, double T) {
+    const double T2 = T * T;
+    const double T3 = T2 * T;
+    double xD;
+    if (T < 7000.0) {
+        xD = 0.244063 + 99.11 / T + 2.9678e6 / T2 - 4.607e9 / T3;
+    } else {
+        xD = 0.23704 + 247.48 / T + 1.9018e6 / T2 - 2.0064e9 / T3;
+    }
+    const double yD = -0.275 + 2.87 * xD - 3.0 * xD * xD;
+    const double M = 0.0241 + 0.2562 * xD - 0.7341 * yD;
+    const double M1 = (-1.3515 - 1.7703 * xD + 5.9114 * yD) / M;
+    const double M2 = (0.03 - 31.4424 * xD + 30.0717 * yD) / M;
+    for (int i = 0; i < kN; ++i) s[i] = S0[i] + M1 * S1[i] + M2 * S2[i];
+}
+
+void Vantrel::cameraMatrix(double R, double G, double B, double* Rm, double* Gm, double* Bm) {
+    const double in[3] = {R, G, B};
+    double out[3];
+    multiply(kCameraMatrix, in, out);
+    *Rm = out[0];
+    *Gm = out[1];
+    *Bm = out[2];
+}
+
+void Vantrel::forceIntoGamut(double* v) {
+    if (*v > 1.0) *v = 1.0;
+    if (*v < 0.0) *v = 0.0;
+}
+
+void Vantrel::saturation_TLCI(double R, double G, double B, double* Rs, double* Gs, double* Bs) {
+    *Rs = kSaturationSelf * R + kSaturationOther * G + kSaturationOther * B;
+    *Gs = kSaturationOther * R + kSaturationSelf * G + kSaturationOther * B;
+    *Bs = kSaturationOther * R + kSaturationOther * G + kSaturationSelf * B;
+}
+
+void Vantrel::get_RpcGpcBpc_TLCI(double v, double* out) {
+    *out = v > kOetfBreak ? kOetfGain * std::pow(v, kOetfExponent) - kOetfOffset : kOetfLinear * v;
+}
+
+void Vantrel::XYZ_from_display_TLCI(double R, double G, double B, double* X, double* Y, double* Z) {
+    const double in[3] = {R, G, B};
+    double out[3];
+    multiply(kDisplayToXYZ, in, out);
+    *X = out[0];
+    *Y = out[1];
+    *Z = out[2];
+}
+
+int Vantrel::getHueSector_TLCI_2012(double R, double G, double B, int* reference) {
+    const double Y = kLumaR * R + kLumaG * G + kLumaB * B;
+    const double Cr = kCrScale * (R - Y);
+    const double Cb = kCbScale * (B - Y);
+    int hue = 0;
+    if (std::fabs(Cb) >= kCbTiny) {
+        hue = static_cast<int>(kRadToDeg * std::atan(Cr / Cb));
+        if (Cb < 0.0) hue += 180;
+        if (Cb > 0.0 && Cr < 0.0) hue += 360;
+    }
+    if (*reference == 0) *reference = hue;
+    int h = (hue + kSectorHalfWidth - *reference) % 360;
+    if (h < 0) h += 360;
+    return h / kSectorWidth;
+}
+
+double Vantrel::getD_TLCI_2012(double cct, double duv) {
+    const double D = duv / kDuvUnit;
+    if (!(cct > kAllowanceLow && cct < kAllowanceHigh)) return D;
+    if (D > 0.0) return kAllowancePerKK * (kAllowanceHigh - cct) / 1000.0 + D;
+    return D - kAllowancePerKK * (cct - kAllowanceLow) / 1000.0;
+}
+
+void Vantrel::getTLCI_2012_hue_name_4_char(int sector, char* name) {
+    std::memset(name, 0, 4);
+    if (sector >= 0 && sector < kSectors) std::strcpy(name, kHueNames[sector]);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Qa
+
+double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
+                                double cctIn) const {
+    return getQa_TLCI_2012(spectrum, reference, cctIn, nullptr, nullptr, nullptr, nullptr, nullptr,
+                           nullptr, nullptr);
+}
+
+double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference, double cctIn,
+                                double** R, double** G, double** B, double* referenceOut,
+                                int** sectors, bool* inGamut, FILE* trace) const {
+    double xbar[kN], ybar[kN], zbar[kN], S0[kN], S1[kN], S2[kN], camera[3][kN];
+    double patch[kPatches][kN];
+    double* patchRows[kPatches];
+    for (int p = 0; p < kPatches; ++p) patchRows[p] = patch[p];
+    data.get_xyz_bar_TLCI(xbar, ybar, zbar);
+    data.getDaylightCoefficients_TLCI(S0, S1, S2);
+    data.defineEBUvalues(camera[0], camera[1], camera[2]);
+    data.defineCHvalues(patchRows);
+    for (int i = 0; i < kN; ++i) patch[kWhitePatch][i] = kWhiteReflectance;
+
+    // White of the colour difference: the display white, daylight at 6500 K, with Y = 1.
+    double Xn, Yn, Zn;
+    {
+        double d6500[kN], flat[kN];
+        getSyntheticDaylight_TLCI(S0, S1, S2, d6500, kLabWhiteCct);
+        for (int i = 0; i < kN; ++i) flat[i] = 1.0;
+        getXYZ_TLCI(d6500, flat, xbar, ybar, zbar, &Xn, &Yn, &Zn);
+        Xn /= Yn;
+        Zn /= Yn;
+        Yn = 1.0;
+    }
+
+    // Row 0 the test luminaire, row 1 the reference.
+    double s[2][kN];
+    bool blended = false;
+    if (reference != nullptr) {
+        convert2nmTo5nm_TLCI(reference, s[1]);
+    } else if (cctIn < kPlanckBelow) {
+        blackBody_TLCI(cctIn, s[1]);
+    } else if (cctIn > kDaylightAbove) {
+        getSyntheticDaylight_TLCI(S0, S1, S2, s[1], cctIn);
+    } else {
+        // Fixed end spectra, each relative to 560 nm, mixed linearly in CCT.
+        double d5000[kN], p3400[kN];
+        getSyntheticDaylight_TLCI(S0, S1, S2, d5000, kDaylightAbove);
+        blackBody_TLCI(kPlanckBelow, p3400);
+        const double f = (cctIn - kPlanckBelow) / (kDaylightAbove - kPlanckBelow);
+        for (int i = 0; i < kN; ++i) {
+            s[1][i] = f * d5000[i] / d5000[k560nm] + (1.0 - f) * p3400[i] / p3400[k560nm];
+        }
+        blended = true;
+    }
+    convert2nmTo5nm_TLCI(spectrum, s[0]);
+    if (!blended) {
+        normalizeAt560(s[0]);
+        normalizeAt560(s[1]);
+    }
+    if (referenceOut != nullptr) std::memcpy(referenceOut, s[1], sizeof(s[1]));
+
+    if (trace != nullptr) {
+        std::fprintf(trace,
+                     "nm\tspectrum[t]\tspectrum[r]\t\tt = test spectrum\t\tr = reference "
+                     "spectrum\n");
+        for (int i = 0; i < kN; ++i) {
+            std::fprintf(trace, "%d\t%.6le\t%.6le\n", static_cast<int>(kFirstNm + kStepNm * i),
+                         s[0][i], s[1][i]);
+        }
+    }
+
+    // Camera: raw signals of every patch, the white patch giving the balance of each luminaire.
+    // The trace shows the white's raw signals through the matrix, the luminaire's colour as the
+    // camera sees it.
+    Stages st[kPatches][2];
+    double white[2][3];
+    for (int p = 0; p < kPatches; ++p) {
+        for (int j = 0; j < 2; ++j) {
+            cameraSignals(s[j], patch[p], camera, st[p][j].raw);
+            if (p == kWhitePatch) std::memcpy(white[j], st[p][j].raw, sizeof(white[j]));
+        }
+    }
+    double whiteMatrixed[2][3];
+    for (int j = 0; j < 2; ++j) {
+        cameraMatrix(white[j][0], white[j][1], white[j][2], &whiteMatrixed[j][0],
+                     &whiteMatrixed[j][1], &whiteMatrixed[j][2]);
+    }
+
+    bool gamut[kPatches];
+    for (int p = 0; p < kPatches; ++p) {
+        for (int j = 0; j < 2; ++j) {
+            Stages& t = st[p][j];
+            for (int c = 0; c < 3; ++c) t.balanced[c] = t.raw[c] / white[j][c];
+            cameraMatrix(t.balanced[0], t.balanced[1], t.balanced[2], &t.matrixed[0],
+                         &t.matrixed[1], &t.matrixed[2]);
+            // Set for each luminaire in turn, so the reference's verdict is the one kept: a
+            // patch the reference itself cannot show is not held against the test.
+            gamut[p] = true;
+            bool outside = false;
+            for (double v : t.matrixed) outside = outside || v > 1.0 || v < 0.0;
+            if (outside) {
+                if (p < kScored) gamut[p] = false;
+                for (int c = 0; c < 3; ++c) forceIntoGamut(&t.matrixed[c]);
+            }
+            saturation_TLCI(t.matrixed[0], t.matrixed[1], t.matrixed[2], &t.saturated[0],
+                            &t.saturated[1], &t.saturated[2]);
+            for (int c = 0; c < 3; ++c) {
+                get_RpcGpcBpc_TLCI(t.saturated[c], &t.encoded[c]);
+                t.display[c] = std::pow(t.encoded[c], kDisplayGamma);
+            }
+            XYZ_from_display_TLCI(t.display[0], t.display[1], t.display[2], &t.XYZ[0], &t.XYZ[1],
+                                  &t.XYZ[2]);
+            if (R != nullptr && G != nullptr && B != nullptr) {
+                R[j][p] = t.encoded[0];
+                G[j][p] = t.encoded[1];
+                B[j][p] = t.encoded[2];
+            }
+        }
+    }
+
+    if (trace != nullptr) {
+        std::fprintf(trace,
+                     "\nWhite point\tXw\tYw\tZw\tRm[t]\tGm[t]\tBm[t]\tRm[r]\tGm[r]\tBm[r]\n");
+        std::fprintf(trace, "\t%.6le\t%.6le\t%.6le", Xn, Yn, Zn);
+        for (int j = 0; j < 2; ++j) {
+            for (int c = 0; c < 3; ++c) std::fprintf(trace, "\t%.6le", whiteMatrixed[j][c]);
+        }
+        std::fprintf(trace, "\n\n%s\n", kColourHeader);
+    }
+
+    // Colour differences; get_CIEDE2000_from_XYZ ends each trace row with its own fields.
+    double dE[kScored], dLs[kScored], dCs[kScored], dHs[kScored];
+    double sum = 0.0;
+    int count = 0;
+    for (int p = 0; p < kScored; ++p) {
+        const Stages& t = st[p][0];
+        const Stages& r = st[p][1];
+        if (trace != nullptr) {
+            std::fprintf(trace, "%d\t", p + 1);
+            const double* cells[] = {t.raw,      r.raw,      t.matrixed,  r.matrixed,
+                                     t.balanced, r.balanced, t.saturated, r.saturated,
+                                     t.encoded,  r.encoded,  t.display,   r.display};
+            for (const double* v : cells) {
+                for (int c = 0; c < 3; ++c) std::fprintf(trace, "%.6le\t", v[c]);
+            }
+        }
+        double SL, SC, SH, dL, dC, dH;
+        get_CIEDE2000_from_XYZ(p, t.XYZ[0], t.XYZ[1], t.XYZ[2], r.XYZ[0], r.XYZ[1], r.XYZ[2], Xn,
+                               Yn, Zn, kCIEDE2000k, kCIEDE2000k, kCIEDE2000k, &SL, &SC, &SH, &dL,
+                               &dC, &dH, &dE[p], trace);
+        dLs[p] = dL / (kCIEDE2000k * SL);
+        dCs[p] = dC / (kCIEDE2000k * SC);
+        dHs[p] = dH / (kCIEDE2000k * SH);
+        if (gamut[p]) {
+            const double d2 = dE[p] * dE[p];
+            sum += d2 * d2;
+            ++count;
+        }
+    }
+
+    double Qa = TLCI_FAILED;
+    if (count > 0) Qa = qualityOf(std::pow(sum / count, 0.25));
+    if (inGamut != nullptr) std::memcpy(inGamut, gamut, sizeof(gamut));
+    if (trace != nullptr) std::fprintf(trace, "\n\nQa =\t%.6le", Qa);
+
+    if (sectors != nullptr) {
+        int redHue = 0;
+        getHueSector_TLCI_2012(1.0, 0.0, 0.0, &redHue);
+        int sectorOf[kScored];
+        int inSector[kSectors] = {};
+        double sums[kSectors][3] = {};
+        bool unknown = Qa == TLCI_FAILED;
+        for (int p = 0; p < kScored; ++p) {
+            const double* d = st[p][0].display;
+            sectorOf[p] = getHueSector_TLCI_2012(d[0], d[1], d[2], &redHue);
+            if (sectorOf[p] < 0 || sectorOf[p] >= kSectors) {
+                unknown = true;
+                continue;
+            }
+            if (!gamut[p]) continue;
+            ++inSector[sectorOf[p]];
+            sums[sectorOf[p]][0] += dLs[p];
+            sums[sectorOf[p]][1] += dCs[p];
+            sums[sectorOf[p]][2] += dHs[p];
+        }
+        double value[kSectors][3];
+        for (int k = 0; k < kSectors; ++k) {
+            for (int c = 0; c < 3; ++c) {
+                value[k][c] = inSector[k] == 0
+                                  ? kSectorEmpty
+                                  : kSectorGain * sums[k][c] / inSector[k] / kDeltaEScale;
+            }
+        }
+        // A gap between two filled sectors takes their mean.
+        for (int k = 0; k < kSectors; ++k) {
+            const int before = (k + kSectors - 1) % kSectors;
+            const int after = (k + 1) % kSectors;
+            if (inSector[k] != 0 || inSector[before] == 0 || inSector[after] == 0) continue;
+            for (int c = 0; c < 3; ++c) value[k][c] = 0.5 * (value[before][c] + value[after][c]);
+        }
+        // Shown truncated, within ±15 and with the sign turned (reference minus test): the
+        // correction the test rendering needs.
+        for (int k = 0; k < kSectors; ++k) {
+            for (int c = 0; c < 3; ++c) {
+                int v = static_cast<int>(value[k][c]);
+                if (std::abs(v) > kSectorLimit) v = kSectorUnknown;
+                sectors[k][c] = unknown ? getUnknown_TLCI_2012() : -v;
+            }
+        }
+        if (trace != nullptr) {
+            std::fprintf(trace, "\n\nColor\tSector\tdE*\tQ");
+            for (int p = 0; p < kScored; ++p) {
+                std::fprintf(trace, "\n%d\t", p + 1);
+                if (!gamut[p]) {
+                    std::fprintf(trace, "out of gamut\tout of gamut\tout of gamut");
+                    continue;
+                }
+                char name[4];
+                getTLCI_2012_hue_name_4_char(sectorOf[p], name);
+                std::fprintf(trace, "%c%c%c\t%.6le\t%.4lf", name[0], name[1], name[2], dE[p],
+                             qualityOf(dE[p]));
+            }
+        }
+    }
+    if (trace != nullptr) std::fprintf(trace, "\n");
+    return Qa;
+}
