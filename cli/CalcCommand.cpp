@@ -1,6 +1,8 @@
 #include "CalcCommand.h"
 
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <istream>
 #include <ostream>
 
@@ -41,7 +43,7 @@ void printRow(std::ostream& out, const std::string& file, const std::vector<Resu
 }
 
 // Computes one file and prints its row; false when the input was not clean.
-bool calcFile(const std::string& file, int observer, bool precise, std::istream& in,
+bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
               std::ostream& out, std::ostream& err) {
     const SpectrumReadResult read = file == STDIN_NAME ? readSpectrum(in) : readSpectrumFile(file);
     if (!read.ok) {
@@ -61,7 +63,7 @@ bool calcFile(const std::string& file, int observer, bool precise, std::istream&
     // depend on the files before it.
     SpectrumCalculator calculator;
     calculator.setObserver(observer);
-    printRow(out, file, mainResultFields(calculator.calculate(grid)), precise);
+    printRow(out, file, mainResultFields(calculator.calculate(grid, csLux)), precise);
     return read.firstNegativeLine == 0;
 }
 
@@ -88,6 +90,7 @@ const char* calcUsage() {
            "  --observer N  observer of the main results: 0 CIE 1931 2 deg (default),\n"
            "                1 CIE 1964 10 deg, 2 CIE 2015 2 deg, 3 CIE 2015 10 deg\n"
            "  --precise     unrounded values (%.10g) instead of the window's formatting\n"
+           "  --cs-lux LUX  add the circadian light CLA and stimulus CS (%) at LUX lux\n"
            "  -h, --help    show this help\n"
            "\n"
            "Exit status: 0 when every file was computed from clean input, 1 when a file\n"
@@ -97,6 +100,7 @@ const char* calcUsage() {
 int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream& out,
             std::ostream& err) {
     int observer = 0;
+    double csLux = -1.0;
     bool precise = false;
     bool optionsEnded = false;
     std::vector<std::string> files;
@@ -123,6 +127,20 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
                 return usageError(err, "--observer must be 0, 1, 2 or 3, not '" + value + "'");
             }
             observer = value[0] - '0';
+        } else if (arg == "--cs-lux" || arg.rfind("--cs-lux=", 0) == 0) {
+            std::string value;
+            if (arg == "--cs-lux") {
+                if (i + 1 == args.size()) return usageError(err, "--cs-lux needs a value");
+                value = args[++i];
+            } else {
+                value = arg.substr(arg.find('=') + 1);
+            }
+            char* end = nullptr;
+            csLux = std::strtod(value.c_str(), &end);
+            if (value.empty() || *end != '\0' || !(csLux > 0.0) || !std::isfinite(csLux)) {
+                return usageError(err,
+                                  "--cs-lux must be a positive illuminance, not '" + value + "'");
+            }
         } else {
             return usageError(err, "unknown option '" + arg + "'");
         }
@@ -130,12 +148,14 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     if (files.empty()) files.push_back(STDIN_NAME);
 
     out << "file";
-    for (const ResultField& field : mainResultFields(SpectrumResults())) out << '\t' << field.name;
+    SpectrumResults columns;
+    columns.hasCircadian = csLux > 0.0;
+    for (const ResultField& field : mainResultFields(columns)) out << '\t' << field.name;
     out << '\n';
 
     int status = EXIT_ALL_GOOD;
     for (const std::string& file : files) {
-        if (!calcFile(file, observer, precise, in, out, err)) status = EXIT_INPUT_PROBLEM;
+        if (!calcFile(file, observer, csLux, precise, in, out, err)) status = EXIT_INPUT_PROBLEM;
     }
     out.flush();
     if (!out) {

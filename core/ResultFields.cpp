@@ -8,7 +8,42 @@
 
 SpectrumCalculator::SpectrumCalculator() { engine10.setCIE_XYZ_bar_type(3); }
 
-SpectrumResults SpectrumCalculator::calculate(const double* spectrum) {
+// Gamut, FCI, COI, Class A, FSI, melanopic figures, film terms and SSI of the first engine, in
+// the order the window computes them after calcAll.
+void SpectrumCalculator::otherIndices(const double* spectrum, SpectrumResults& r) {
+    const int test = engine.getIndexOfTestColors(), ref = engine.getIndexOfReferenceColors();
+    const int rows[2] = {test, ref};
+    for (int k = 0; k < 2; ++k) {
+        r.criAreaUpVp[k] = engine.get_cri_gamut_area_upvp(rows[k]);
+        r.cqsAreaUpVp[k] = engine.get_cqs_gamut_area_upvp(rows[k]);
+        r.criAreaUV[k] = engine.get_cri_gamut_area_uv(rows[k]);
+        r.cqsAreaUV[k] = engine.get_cqs_gamut_area_uv(rows[k]);
+    }
+    r.gamutCRI = engine.get_gamut_CRI_upvp();
+    r.gamutCQS = engine.get_gamut_CQS_upvp();
+    r.gamutD65 = engine.get_gamut_D65_upvp();
+    r.gaiE = engine.get_GAI_upvp();
+    engine.calcFCI(spectrum);
+    r.fci = engine.getFCI();
+    engine.calculateFullSpectrumIndicies(spectrum);
+    r.fsi = engine.getFSI();
+    r.fsci = engine.getFSCI();
+    r.coi = engine.getCOI(spectrum);
+    r.classA = engine.meetsASSIST2ColorMetric() && engine.meetsLRCWhite(r.cct, r.x, r.y);
+    r.wbmr = engine.getWellBuildingMelanopicRatio(spectrum);
+    r.eml = 100.0 * engine.getNormalizedEML(spectrum);
+    engine.calc_kodak_3200K_values(spectrum, &r.film3200K[0], &r.film3200K[1], &r.film3200K[2]);
+    engine.calc_kodak_daylight_values(spectrum, &r.filmDaylight[0], &r.filmDaylight[1],
+                                      &r.filmDaylight[2]);
+    // SSI against a Planck reference at the source's CCT, inside the range a black body takes.
+    if (r.cct >= Vantrel::MIN_CCT && r.cct <= Vantrel::MAX_CCT) {
+        double reference[Vantrel::NUM_GRID_POINTS];
+        Vantrel::getBlackBody(reference, r.cct);
+        r.ssiDefined = engine.getSSIValues(spectrum, reference, &r.ssi);
+    }
+}
+
+SpectrumResults SpectrumCalculator::calculate(const double* spectrum, double csLux) {
     SpectrumResults r;
     engine.calcAll(spectrum, false, true, true);
     r.lumens = engine.getLumens();
@@ -47,6 +82,11 @@ SpectrumResults SpectrumCalculator::calculate(const double* spectrum) {
     engine.getTM30RfByHue(r.RfByHue);
     engine.getTM30HueShifts(r.hueShift);
     engine.getTM30ChromaShiftsAsPercent(r.chromaShiftPct);
+    otherIndices(spectrum, r);
+    if (csLux > 0) {
+        r.hasCircadian = true;
+        r.circadianValid = engine.getCircadian_CLA(spectrum, csLux, &r.cla, &r.cs);
+    }
 
     engine10.calcAll(spectrum, false, true);
     r.cct10 = engine10.getCCT();
@@ -130,6 +170,49 @@ void appendTM30(const SpectrumResults& r, std::vector<ResultField>& f) {
     }
 }
 
+// Green over red response of a film: "%.2lf", or "NAN" without a red response.
+ResultField filmField(const char* name, const double* bgr) {
+    if (!(bgr[2] > 1e-10)) return {name, "NAN", false, 0.0};
+    return fixedField(name, bgr[1] / bgr[2], 2);
+}
+
+void appendOtherIndices(const SpectrumResults& r, std::vector<ResultField>& f) {
+    f.push_back(fixedField("Gamut CRI", r.gamutCRI, 3));
+    f.push_back(fixedField("Gamut CQS", r.gamutCQS, 3));
+    f.push_back(fixedField("Gamut D65", r.gamutD65, 3));
+    f.push_back(indexField("GAI E", r.gaiE));
+    f.push_back(indexField("FCI", r.fci));
+    // COI is defined for sources from 3300 K to 5300 K.
+    const bool coiDefined = r.cct > 3299.9 && r.cct < 5300.1;
+    f.push_back(coiDefined ? fixedField("COI", r.coi, 1) : undefinedField("COI"));
+    f.push_back({"Class A", r.classA ? "Yes" : "No", true, r.classA ? 1.0 : 0.0});
+    f.push_back(r.fsi > -0.001 ? fixedField("FSI", r.fsi, 2) : undefinedField("FSI"));
+    f.push_back(r.fsci > -0.001 ? fixedField("FSCI", r.fsci, 2) : undefinedField("FSCI"));
+    f.push_back(fixedField("WBMR", r.wbmr, 3));
+    f.push_back(fixedField("EML @ 100 lx", r.eml, 1));
+    f.push_back(filmField("W (G/R)", r.film3200K));
+    f.push_back(filmField("D (G/R)", r.filmDaylight));
+    f.push_back(r.ssiDefined ? field("SSI", r.ssi, ValueFormat::format("%d", r.ssi))
+                             : undefinedField("SSI"));
+    const struct {
+        const char* name;
+        double value;
+    } areas[] = {{"CRI gamut area u'v' test", r.criAreaUpVp[0]},
+                 {"CRI gamut area u'v' ref", r.criAreaUpVp[1]},
+                 {"CQS gamut area u'v' test", r.cqsAreaUpVp[0]},
+                 {"CQS gamut area u'v' ref", r.cqsAreaUpVp[1]},
+                 {"CRI gamut area uv test", r.criAreaUV[0]},
+                 {"CRI gamut area uv ref", r.criAreaUV[1]},
+                 {"CQS gamut area uv test", r.cqsAreaUV[0]},
+                 {"CQS gamut area uv ref", r.cqsAreaUV[1]}};
+    for (const auto& a : areas) f.push_back(fixedField(a.name, a.value, 4));
+    if (r.hasCircadian) {
+        // As the circadian window prints them: CLA "%.0lf", CS in percent "%.1lf".
+        f.push_back(r.circadianValid ? fixedField("CLA", r.cla, 0) : undefinedField("CLA"));
+        f.push_back(r.circadianValid ? fixedField("CS", 100.0 * r.cs, 1) : undefinedField("CS"));
+    }
+}
+
 // Mired from the CCT as the CCT field shows it; texts such as "<1000" give no value.
 ResultField miredField(const ResultField& cctShown) {
     const double shown = cctShown.defined ? std::strtod(cctShown.text.c_str(), nullptr) : 0.0;
@@ -141,7 +224,7 @@ ResultField miredField(const ResultField& cctShown) {
 std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals) {
     const double smallest = std::pow(10.0, -numDecimals);
     std::vector<ResultField> f;
-    f.reserve(115);
+    f.reserve(140);
     f.push_back(valueField("Lumens", r.lumens));
     f.push_back(valueField("Vis watt", r.wattsVis));
     f.push_back(r.wattsVis > 0 ? valueField("LER", r.lumens / r.wattsVis) : undefinedField("LER"));
@@ -189,5 +272,6 @@ std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecim
                                   ValueFormat::format("%d", static_cast<int>(r.tlciQa + 0.5)))
                           : undefinedField("TLCI Qa"));
     f.push_back(tlciValid ? fixedField("TLCI d", r.tlciD, 1) : undefinedField("TLCI d"));
+    appendOtherIndices(r, f);
     return f;
 }

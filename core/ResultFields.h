@@ -30,6 +30,19 @@ struct SpectrumResults {
     double chromaShiftPct[Vantrel::TM30_NUM_BINS] = {};  // Rcs,hj in percent
     // TLCI-2012: Qa (TLCI_FAILED when no patch is in gamut) and the colour offset d.
     double tlciQa = 0, tlciD = 0;
+    // Gamut of the R1-R8 (CRI) and VS (CQS) samples, [0] test, [1] reference, in u'v' and uv.
+    double criAreaUpVp[2] = {}, cqsAreaUpVp[2] = {}, criAreaUV[2] = {}, cqsAreaUV[2] = {};
+    double gamutCRI = 0, gamutCQS = 0, gamutD65 = 0, gaiE = 0;  // in u'v'
+    double fci = 0, coi = 0, fsi = -1, fsci = -1;
+    bool classA = false;
+    double wbmr = 0, eml = 0;  // WELL melanopic ratio, EML at 100 lx
+    // Film layer responses b, g, r of the tungsten (3200 K) and daylight films.
+    double film3200K[3] = {}, filmDaylight[3] = {};
+    bool ssiDefined = false;
+    int ssi = 0;
+    // Circadian light and stimulus at the chosen illuminance (only when asked for).
+    bool hasCircadian = false, circadianValid = false;
+    double cla = 0, cs = 0;
     // The second engine, on the CIE 2015 10° observer.
     double cct10 = 0, x10 = 0, y10 = 0, up10 = 0, vp10 = 0, duv10 = 0, dupvp10 = 0, lumens10 = 0;
 };
@@ -48,10 +61,13 @@ class SpectrumCalculator {
     SpectrumCalculator();
     // Observer of the first engine (0 to 3); the second always uses the 2015 10° observer.
     void setObserver(int observer) { engine.setCIE_XYZ_bar_type(observer); }
-    // spectrum: Vantrel::NUM_GRID_POINTS values in W/nm.
-    SpectrumResults calculate(const double* spectrum);
+    // spectrum: Vantrel::NUM_GRID_POINTS values in W/nm. With csLux > 0 the circadian light
+    // and stimulus at that illuminance are computed too.
+    SpectrumResults calculate(const double* spectrum, double csLux = -1.0);
 
   private:
+    void otherIndices(const double* spectrum, SpectrumResults& r);
+
     Vantrel engine;
     Vantrel engine10;
 };
@@ -61,7 +77,10 @@ class SpectrumCalculator {
 // "Purity (%)", "X", "Y", "Z", "Lumens (S)", "S/P ratio", "CCT (F,10)", "x (F,10)", "y (F,10)",
 // "u' (F,10)", "v' (F,10)", "Duv (F,10)", "Du'v' (F,10)", "Lumens (F,10)", "CRI (Ra)",
 // "R1" ... "R15", "CQS (Qa)", "Q1" ... "Q15", "cent WL", "FWHM", "Rf", "Rg", "Rf,skin",
-// "Rfh,1" ... "Rfh,16", "Rhs,h1" ... "Rhs,h16", "Rcs,h1" ... "Rcs,h16", "TLCI Qa", "TLCI d".
+// "Rfh,1" ... "Rfh,16", "Rhs,h1" ... "Rhs,h16", "Rcs,h1" ... "Rcs,h16", "TLCI Qa", "TLCI d",
+// "Gamut CRI", "Gamut CQS", "Gamut D65", "GAI E", "FCI", "COI", "Class A", "FSI", "FSCI", "WBMR",
+// "EML @ 100 lx", "W (G/R)", "D (G/R)", "SSI", the eight gamut areas, and "CLA", "CS" when the
+// results hold the circadian figures.
 // numDecimals is the setting for x, y, u', v' and Duv (4 or 6).
 std::vector<ResultField> mainResultFields(const SpectrumResults& r, int numDecimals = 4);
 

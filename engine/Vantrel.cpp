@@ -224,8 +224,7 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
 
     deltaUV_cri = getSignedDistance(su[0][0], su[1][0], sv[0][0], sv[1][0]);
 
-    // Gamut areas (doGamut) join here with the gamut calculations.
-    (void)doGamut;
+    if (doGamut) calcCRIGamutAreas();
 
     wattsVis = watts;
     xcoord = sx[0][0];

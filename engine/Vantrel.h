@@ -399,6 +399,101 @@ class Vantrel {
                                       double* Z);
     static int getHueSector_TLCI_2012(double R, double G, double B, int* reference);
 
+    // --- Gamut areas, GAI, Class A and polygons ------------------------------------------------
+    // Step of color(): gamut of R1 to R8 in u'v' and uv, its ratios, "Gamut D65" and GAI.
+    // Fills criU/criVp of both rows (column k = sample k) from the sample u, v.
+    void calcCRIGamutAreas();
+    // Class A colour rendering (ASSIST/LRC 2010): GAI (u'v') 80 to 100 and Ra >= 80.
+    bool meetsASSIST2ColorMetric() const;
+    static bool meetsASSIST2ColorMetric(double gai, double ra);
+    // LRC Class A white line at cct (2700 to 6500 K); x = y = 0 and false outside.
+    static bool getLRCWhitePoint(double cct, double* x, double* y);
+    // x, y within 4 MacAdam steps of the white line point at cct.
+    bool meetsLRCWhite(double cct, double x, double y);
+    // Sorts the points by angle about their centroid (descending: clockwise from 360°). False,
+    // with the arrays untouched, when a coordinate is negative. Three-argument form: descending.
+    static bool orderGamut(int n, double* x, double* y);
+    static bool orderGamut(bool descending, int n, double* x, double* y);
+    // Share of gamut 1 covered by gamut 2 on a grid x grid raster of gamut 1's box; when gamut 1
+    // lies wholly inside, the ratio of gamut 2's hits to gamut 1's in that box.
+    static double commonGamutArea(int grid, int n1, const double* x1, const double* y1, int n2,
+                                  const double* x2, const double* y2);
+    // Fewer than 3 points count as inside.
+    static bool isPointInGamut(int n, const double* xs, const double* ys, double x, double y);
+    static bool pointInTriangle(double x, double y, double x1, double y1, double x2, double y2,
+                                double x3, double y3);
+    static double sign(double x1, double y1, double x2, double y2, double x3, double y3);
+
+    // --- FCI, SSI, FSI/FSCI, COI and film terms ------------------------------------------------
+    // Feeling of Contrast Index after Nayatani's chromatic adaptation; stored, read by getFCI.
+    void calcFCI(const double* spectrum);
+    // Spectrum Similarity Index of test against reference (0 to 100). False when a bin of the
+    // reference plus the mean is zero (ssi is still written) or when resampling fails (ssi 0).
+    bool getSSIValues(const double* test, const double* reference, int* ssi);
+    // The 32 SSI bins: 30 bins of 10 nm from 375 nm at indices 1 to 30, summing to 1.
+    bool getBinValuesForSSI(const double* spectrum, double* bins);
+    // Full-spectrum index and its colour form; both -1 when resampling fails.
+    void calculateFullSpectrumIndicies(const double* spectrum);
+    // Cyanosis Observation Index (AS/NZS 1680.2.5): blood Q100 and Q50; smaller is better.
+    double getCOI(const double* spectrum);
+    // Film exposures: the spectrum integrated with the three curves of the stock.
+    void calc_kodak_daylight_values(const double* spectrum, double* r, double* g, double* b) const;
+    void calc_kodak_3200K_values(const double* spectrum, double* r, double* g, double* b) const;
+
+    // --- MacAdam ellipses and ANSI quadrangles -------------------------------------------------
+    // Friele-MacAdam-Chickering metric at x, y; stores the one-step a, b, θ of the ellipse.
+    void macAdam_xy(double x, double y, double* g11, double* g12, double* g22);
+    // The same at the stored chromaticity of the last run.
+    void macAdam();
+    void macAdamAll(double x, double y, double* a, double* b, double* theta, double* g11,
+                    double* g12, double* g22);
+    // n points, the last repeating the first, of an ellipse scaled by steps about x0, y0.
+    static void getEllipsePoints(int n, double steps, double x0, double y0, double a, double b,
+                                 double theta, double* xs, double* ys);
+    void getMacAdamEllipseArray_xy(int n, double steps, double x0, double y0, double* xs,
+                                   double* ys, double* a, double* b, double* theta, double* g11,
+                                   double* g12, double* g22);
+    // ANSI C78.376 ellipses; an index past the end gives zeros.
+    static void macAdam_ANSI_C78_376(int index, double* x, double* y, double* a, double* b,
+                                     double* theta, double* g11, double* g12, double* g22);
+    static int getNumANSIEllipses();
+    static void getANSIEllipseName(int index, char* name);
+    static void getANSIMacAdamEllipseArray_xy(int index, int n, double steps, double* xs,
+                                              double* ys);
+    static void getUserdefinedMacAdamEllipseArray_xy(int n, double steps, double x0, double y0,
+                                                     double a, double b, double theta, double* xs,
+                                                     double* ys);
+    // Circles of steps·0.0011 in u′v′: centre and points in u′v′, in xy, or xy centre and CIE
+    // 1960 uv points.
+    static void getUpVpEllipseArray_upvp(int n, double steps, double u0, double v0, double* us,
+                                         double* vs);
+    static void getUpVpEllipseArray_xy(int n, double steps, double x0, double y0, double* xs,
+                                       double* ys);
+    static void getUpVpEllipseArray_uv(int n, double steps, double x0, double y0, double* us,
+                                       double* vs);
+    // Largest distance of n points from x0, y0 in MacAdam steps (0 for n = 0); overwrites the
+    // stored ellipse with the one at x0, y0.
+    double getMacAdamForBinning(int n, double x0, double y0, double* xs, double* ys);
+    double getMacAdamForBinning(double x0, double y0, double x, double y);
+    // Largest u′v′ distance of n points in steps of 0.0011; fewer than 2 points give 0.
+    static double getUpVpForBinning(int n, double x0, double y0, double* xs, double* ys);
+
+    // --- Circadian and melanopic metrics -------------------------------------------------------
+    // Circadian light and stimulus (Rea et al. 2012) at the given illuminance; false below
+    // 0.001 lx or when a response integral vanishes.
+    bool getCircadian_CLA(const double* spectrum, double lux, double* cla, double* cs);
+    static void getCircadianTerms(double scale, double mc, double s, double v, double vPrime,
+                                  double* cla, double* cs);
+    // Illuminance at which the spectrum reaches targetCS (strictly between 0.01 and 1.0).
+    bool getCircadianCritical(const double* spectrum, double targetCS, double* lux);
+    // WELL v1 melanopic ratio; -1 when the visual sum is 0.
+    double getWellBuildingMelanopicRatio(const double* spectrum);
+    void get_Well_Buillding_Melanopic_and_Visual_curves(double* melanopic, double* visual);
+    // Equivalent melanopic lux ratio; 0 when the visual sum is not positive.
+    double getNormalizedEML(const double* spectrum);
+    // Lumens through the 360-1050 nm eye curve, trapezoid rule.
+    double getEquivalenceLm(int n, const double* spectrum, double stepNm);
+
   private:
     struct Tables;
     void loadObserverDependentTables();

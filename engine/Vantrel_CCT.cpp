@@ -28,7 +28,7 @@ constexpr double DAYLIGHT_REFERENCE_MAX = 25000.0;
 // Duv beyond which a CCT is not shown.
 constexpr double CCT_STRING_MAX_DUV = 0.05;
 
-double sign(double a, double b) { return b >= 0.0 ? std::fabs(a) : -std::fabs(a); }
+double signOf(double a, double b) { return b >= 0.0 ? std::fabs(a) : -std::fabs(a); }
 }  // namespace
 
 // ---------------------------------------------------------------------------------------------
@@ -178,14 +178,14 @@ double Vantrel::brent(double ax, double bx, double cx, double u, double v, bool 
             } else {
                 d = p / q;
                 const double trial = x + d;
-                if (trial - a < tol2 || b - trial < tol2) d = sign(tol1, xm - x);
+                if (trial - a < tol2 || b - trial < tol2) d = signOf(tol1, xm - x);
             }
         } else {
             e = (x >= xm) ? a - x : b - x;
             d = CGOLD * e;
         }
 
-        const double next = (std::fabs(d) >= tol1) ? x + d : x + sign(tol1, d);
+        const double next = (std::fabs(d) >= tol1) ? x + d : x + signOf(tol1, d);
         const double fnext = getDuvFrom_urd(u, v, next, fast);
         if (fnext <= fx) {
             if (next >= x) {

@@ -97,6 +97,16 @@ TEST_F(CalcCommand, HeaderListsTheFileThenTheWindowFields) {
     for (int k = 1; k <= 15; ++k) rendering += "\tR" + std::to_string(k);
     rendering += "\tCQS (Qa)";
     for (int k = 1; k <= 15; ++k) rendering += "\tQ" + std::to_string(k);
+    std::string others =
+        "\tGamut CRI\tGamut CQS\tGamut D65\tGAI E\tFCI\tCOI\tClass A\tFSI\tFSCI\tWBMR\t"
+        "EML @ 100 lx\tW (G/R)\tD (G/R)\tSSI";
+    for (const char* plane : {"u'v'", "uv"}) {
+        for (const char* set : {"CRI", "CQS"}) {
+            for (const char* row : {"test", "ref"}) {
+                others += std::string("\t") + set + " gamut area " + plane + " " + row;
+            }
+        }
+    }
     std::string tm30 = "\tRf\tRg\tRf,skin";
     for (const char* kind : {"Rfh,", "Rhs,h", "Rcs,h"}) {
         for (int j = 1; j <= 16; ++j) tm30 += "\t" + std::string(kind) + std::to_string(j);
@@ -105,7 +115,7 @@ TEST_F(CalcCommand, HeaderListsTheFileThenTheWindowFields) {
               "file\tLumens\tVis watt\tLER\tCCT\tMired\tx\ty\tu'\tv'\tDuv\tDu'v'\tdom WL\t"
               "Purity (%)\tX\tY\tZ\tLumens (S)\tS/P ratio\tCCT (F,10)\tx (F,10)\ty (F,10)\t"
               "u' (F,10)\tv' (F,10)\tDuv (F,10)\tDu'v' (F,10)\tLumens (F,10)" +
-                  rendering + "\tcent WL\tFWHM" + tm30 + "\tTLCI Qa\tTLCI d");
+                  rendering + "\tcent WL\tFWHM" + tm30 + "\tTLCI Qa\tTLCI d" + others);
 }
 
 TEST_F(CalcCommand, PrintsTheWindowResultsInBothFormatsForEveryObserver) {
@@ -174,6 +184,9 @@ TEST_F(CalcCommand, AnswersUsageMistakesWithStatus2AndHelpWithStatus0) {
         {{"--observer", "-1"}, EXIT_USAGE},
         {{"--observer=x"}, EXIT_USAGE},
         {{"--bogus", "lamp.txt"}, EXIT_USAGE},
+        {{"--cs-lux"}, EXIT_USAGE},
+        {{"--cs-lux", "0"}, EXIT_USAGE},
+        {{"--cs-lux=abc"}, EXIT_USAGE},
         {{"-h"}, EXIT_ALL_GOOD},
         {{"--precise", "--help"}, EXIT_ALL_GOOD}};
     for (const auto& [args, status] : cases) {
@@ -225,3 +238,22 @@ TEST_F(CalcCommand, BinaryDispatchesOnTheCommand) {
 }
 
 }  // namespace
+
+TEST_F(CalcCommand, CsLuxAddsCircadianLightAndStimulusAtThatIlluminance) {
+    const std::string lamp = write("lamp.txt", planckText());
+    const Outcome r = calc({"--precise", "--cs-lux", "300", lamp});
+    EXPECT_EQ(r.status, EXIT_ALL_GOOD) << r.err;
+    const std::vector<std::string> header = split(split(r.out, '\n').at(0), '\t');
+    const std::vector<std::string> row = split(split(r.out, '\n').at(1), '\t');
+    ASSERT_EQ(header.size(), row.size());
+    ASSERT_EQ(header[header.size() - 2] + " " + header.back(), "CLA CS");
+    std::istringstream in(planckText());
+    const SpectrumReadResult read = readSpectrum(in);
+    double grid[Vantrel::NUM_GRID_POINTS];
+    ASSERT_TRUE(toGrid(read.data, grid, nullptr));
+    Vantrel v;
+    double cla, cs;
+    ASSERT_TRUE(v.getCircadian_CLA(grid, 300.0, &cla, &cs));
+    EXPECT_NEAR(std::stod(row[row.size() - 2]), cla, 1e-6 * cla);
+    EXPECT_NEAR(std::stod(row.back()), 100.0 * cs, 1e-6);  // percent, as the window shows
+}

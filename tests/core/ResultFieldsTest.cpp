@@ -110,7 +110,8 @@ TEST(ResultFields, ValuesWithoutMeaningShowNA) {
     r.cct10 = 998.0;  // "<1000": no mired from it
     r.Z = std::numeric_limits<double>::infinity();
     const std::vector<ResultField> f = mainResultFields(r);
-    for (const char* name : {"CCT", "Mired", "dom WL", "Purity (%)", "S/P ratio", "LER", "Z"}) {
+    for (const char* name :
+         {"CCT", "Mired", "dom WL", "Purity (%)", "S/P ratio", "LER", "Z", "COI", "SSI"}) {
         EXPECT_EQ(byName(f, name).text, "N/A") << name;
         EXPECT_FALSE(byName(f, name).defined) << name;
     }
@@ -138,4 +139,17 @@ TEST(ResultFields, RefusedTm30AndFailedTlciShowNA) {
          {"Rf", "Rg", "Rf,skin", "Rfh,1", "Rhs,h16", "Rcs,h8", "TLCI Qa", "TLCI d"}) {
         EXPECT_EQ(byName(f, name).text, "N/A") << name;
     }
+}
+
+TEST(ResultFields, CoiIsShownFrom3300To5300KelvinOnly) {
+    SpectrumResults r = warmWhite();
+    r.coi = 4.26;
+    for (double cct : {3299.9, 5300.1}) {
+        r.cct = cct;
+        EXPECT_EQ(byName(mainResultFields(r), "COI").text, "N/A") << cct;
+    }
+    r.cct = 3300.0;
+    EXPECT_EQ(byName(mainResultFields(r), "COI").text, "4.3");
+    r.film3200K[2] = 0.0;  // no red response
+    EXPECT_EQ(byName(mainResultFields(r), "W (G/R)").text, "NAN");
 }
