@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ColorMatrices.h"
+
 namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 
@@ -11,9 +13,6 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 constexpr double kDisplayWhite[3] = {95.04783169, 100.0, 108.8410967};
 // Adapting luminance (cd/m²) of a viewer looking at a screen: partial adaptation in CMCCAT2000.
 constexpr double kScreenLuminance = 200.0;
-// Linear sRGB from XYZ (IEC 61966-2-1, four-digit matrix).
-constexpr double kSrgb[3][3] = {
-    {3.2406, -1.5372, -0.4986}, {-0.9689, 1.8758, 0.0415}, {0.0557, -0.204, 1.057}};
 // Plain display gamma 2.2 rather than the piecewise sRGB curve.
 constexpr double kDisplayGammaInverse = 0.45454545454545453;
 }  // namespace
@@ -66,7 +65,10 @@ void GetMonitorColors::getRGBforMonitor_p2(int count, const double* adapted, dou
     for (int k = 0; k < count; ++k) {
         const double* a = &adapted[3 * k];
         for (int c = 0; c < 3; ++c) {
-            double v = (kSrgb[c][0] * a[0] + kSrgb[c][1] * a[1] + kSrgb[c][2] * a[2]) / 100.0;
+            double v = (color_matrices::XYZ_TO_SRGB[c][0] * a[0] +
+                        color_matrices::XYZ_TO_SRGB[c][1] * a[1] +
+                        color_matrices::XYZ_TO_SRGB[c][2] * a[2]) /
+                       100.0;
             v = std::pow(std::max(v, 0.0), kDisplayGammaInverse);  // out of gamut: clip at 0
             display[3 * k + c] = v;
             largestDisplay = std::max(largestDisplay, v);

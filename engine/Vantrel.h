@@ -496,6 +496,11 @@ class Vantrel {
 
   private:
     struct Tables;
+    // M1 and M2 of CIE daylight at T (x_D branch at 7000 K, unrounded).
+    static void daylightFactors(double T, double* M1, double* M2);
+    void labOfSamples(const double* spectrum, const double (*reflectances)[NUM_GRID_POINTS],
+                      int first, int count, double* const* L, double* const* a,
+                      double* const* b) const;
     void loadObserverDependentTables();
     void integrateSamples(int row, const double* normalized);
 

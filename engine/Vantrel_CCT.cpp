@@ -376,8 +376,7 @@ void Vantrel::getBlackBody(double* s, double T, int n) {
 }
 
 // CIE 15 daylight: chromaticity from the CCT (branch at 7000 K), unrounded M1 and M2.
-void Vantrel::getSyntheticDaylight(double* s, double T) const {
-    const Tables& t = *tab;
+void Vantrel::daylightFactors(double T, double* M1, double* M2) {
     const double T2 = T * T;
     const double T3 = T2 * T;
     double xD;
@@ -388,8 +387,14 @@ void Vantrel::getSyntheticDaylight(double* s, double T) const {
     }
     const double yD = -0.275 + 2.87 * xD - 3.0 * xD * xD;
     const double M = 0.0241 + 0.2562 * xD - 0.7341 * yD;
-    const double M1 = (-1.3515 - 1.7703 * xD + 5.9114 * yD) / M;
-    const double M2 = (0.03 - 31.4424 * xD + 30.0717 * yD) / M;
+    *M1 = (-1.3515 - 1.7703 * xD + 5.9114 * yD) / M;
+    *M2 = (0.03 - 31.4424 * xD + 30.0717 * yD) / M;
+}
+
+void Vantrel::getSyntheticDaylight(double* s, double T) const {
+    const Tables& t = *tab;
+    double M1, M2;
+    daylightFactors(T, &M1, &M2);
     for (int i = 0; i < N; ++i) s[i] = t.S0[i] + M1 * t.S1[i] + M2 * t.S2[i];
 }
 

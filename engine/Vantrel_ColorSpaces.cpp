@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "ColorMatrices.h"
 #include "Vantrel.h"
 
 namespace {
@@ -27,10 +28,6 @@ constexpr double kHueTiny = 1e-6;
 // Planck constant times the speed of light, h·c in J·m; a photon of λ nm carries
 // h·c / (λ·1e-9) joules.
 constexpr double kPlanckTimesLight = 1.9864456832693028e-25;
-
-// Linear sRGB from XYZ (IEC 61966-2-1, the four-digit matrix, D65).
-constexpr double kSrgb[3][3] = {
-    {3.2406, -1.5372, -0.4986}, {-0.9689, 1.8758, 0.0415}, {0.0557, -0.204, 1.057}};
 
 constexpr double kGreyTiny = 1e-6;
 constexpr double kThird = 0.3333333333333333;
@@ -216,7 +213,9 @@ void Vantrel::XYZ_to_sRGB_D65(double X, double Y, double Z, int* r, int* g, int*
     const double xyz[3] = {X / 100.0, Y / 100.0, Z / 100.0};
     int* out[3] = {r, g, b};
     for (int c = 0; c < 3; ++c) {
-        double v = kSrgb[c][0] * xyz[0] + kSrgb[c][1] * xyz[1] + kSrgb[c][2] * xyz[2];
+        double v = color_matrices::XYZ_TO_SRGB[c][0] * xyz[0] +
+                   color_matrices::XYZ_TO_SRGB[c][1] * xyz[1] +
+                   color_matrices::XYZ_TO_SRGB[c][2] * xyz[2];
         // IEC 61966-2-1 transfer: a linear toe below 0.0031308, else the 1/2.4 power.
         v = v > 0.0031308 ? 1.055 * std::pow(v, 0.4166666666666667) - 0.055 : 12.92 * v;
         v = std::min(1.0, std::max(0.0, v));

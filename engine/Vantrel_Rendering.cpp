@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "ColorMatrices.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
 
@@ -21,16 +22,12 @@ constexpr double CQS_SATURATION_LIMIT = 10.0;
 // CQS divides by 15 samples whatever the number of colours scored.
 constexpr double CQS_NUM_SAMPLES = 15.0;
 
-// CMCCAT2000 (Li, Luo, Rigg and Hunt 2002).
-constexpr double CMCCAT[3][3] = {
-    {0.7982, 0.3389, -0.1371}, {-0.5918, 1.5512, 0.0406}, {0.0008, 0.0239, 0.9753}};
+// Inverse of CMCCAT2000 (Li, Luo, Rigg and Hunt 2002).
 constexpr double CMCCAT_INV[3][3] = {{1.076450049, -0.237662388, 0.161212339},
                                      {0.410964325, 0.554341804, 0.03469387},
                                      {-0.010953765, -0.013389356, 1.024343122}};
 
-void multiply(const double (&m)[3][3], const double* in, double* out) {
-    for (int r = 0; r < 3; ++r) out[r] = m[r][0] * in[0] + m[r][1] * in[1] + m[r][2] * in[2];
-}
+using color_matrices::multiply;
 
 // CIE 13.3 von Kries transform of a sample's c, d to the adapted u, v.
 void adaptedUV(double c, double d, double ct, double dt, double cr, double dr, double* u,
@@ -142,9 +139,9 @@ void Vantrel::CMCCAT_v(double X, double Y, double Z, const double* sourceWhite,
     const double source[3] = {sourceWhite[0] * 100.0 / sourceWhite[1], 100.0,
                               sourceWhite[2] * 100.0 / sourceWhite[1]};
     double rgb[3], rgbSource[3], rgbTarget[3], adapted[3];
-    multiply(CMCCAT, sample, rgb);
-    multiply(CMCCAT, source, rgbSource);
-    multiply(CMCCAT, targetWhite, rgbTarget);
+    multiply(color_matrices::CMCCAT2000, sample, rgb);
+    multiply(color_matrices::CMCCAT2000, source, rgbSource);
+    multiply(color_matrices::CMCCAT2000, targetWhite, rgbTarget);
     for (int k = 0; k < 3; ++k) adapted[k] = (D * rgbTarget[k] / rgbSource[k] + 1.0 - D) * rgb[k];
     multiply(CMCCAT_INV, adapted, outXYZ);
 }
@@ -175,39 +172,37 @@ void normalizedPair(const Vantrel& v, const double* spectrum, double* test, doub
 }  // namespace
 
 // Both rows are expressed under the reference white: a test sample is first adapted from the
-// test white to the reference white.
-void Vantrel::defineCIELabForRValues(const double* spectrum) {
-    Tables& t = *tab;
+// test white to the reference white. Fills L, a, b [row][first + k] for count reflectances.
+void Vantrel::labOfSamples(const double* spectrum, const double (*reflectances)[N], int first,
+                           int count, double* const* L, double* const* a, double* const* b) const {
     std::vector<double> test(N), ref(N);
     normalizedPair(*this, spectrum, test.data(), ref.data());
     double white[3], x, y;
     cie_XYZ(2, ref.data(), nullptr, &white[0], &white[1], &white[2], &x, &y);
     const double* spectra[2] = {test.data(), ref.data()};
-    for (int k = 1; k < NS; ++k) {
+    for (int k = first; k < first + count; ++k) {
         for (int row = 0; row < 2; ++row) {
             double X, Y, Z;
-            cie_XYZ(3, spectra[row], t.tcs[k], &X, &Y, &Z, &x, &y);
+            cie_XYZ(3, spectra[row], reflectances[k], &X, &Y, &Z, &x, &y);
             get_Lab(1, row, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, white[0], white[1], white[2], X, Y, Z,
-                    &labR_L[row][k], &labR_a[row][k], &labR_b[row][k]);
+                    &L[row][k], &a[row][k], &b[row][k]);
         }
     }
 }
 
+void Vantrel::defineCIELabForRValues(const double* spectrum) {
+    double* L[2] = {labR_L[0], labR_L[1]};
+    double* a[2] = {labR_a[0], labR_a[1]};
+    double* b[2] = {labR_b[0], labR_b[1]};
+    labOfSamples(spectrum, tab->tcs, 1, NS - 1, L, a, b);
+}
+
 void Vantrel::defineCIELABForCESColors(const double* spectrum) {
     Tables& t = *tab;
-    std::vector<double> test(N), ref(N);
-    normalizedPair(*this, spectrum, test.data(), ref.data());
-    double white[3], x, y;
-    cie_XYZ(2, ref.data(), nullptr, &white[0], &white[1], &white[2], &x, &y);
-    const double* spectra[2] = {test.data(), ref.data()};
-    for (int k = 0; k < NUM_CES; ++k) {
-        for (int row = 0; row < 2; ++row) {
-            double X, Y, Z;
-            cie_XYZ(3, spectra[row], t.ces[k], &X, &Y, &Z, &x, &y);
-            get_Lab(1, row, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, white[0], white[1], white[2], X, Y, Z,
-                    &t.labCES_L[row][k], &t.labCES_a[row][k], &t.labCES_b[row][k]);
-        }
-    }
+    double* L[2] = {t.labCES_L[0], t.labCES_L[1]};
+    double* a[2] = {t.labCES_a[0], t.labCES_a[1]};
+    double* b[2] = {t.labCES_b[0], t.labCES_b[1]};
+    labOfSamples(spectrum, t.ces, 0, NUM_CES, L, a, b);
 }
 
 // ---------------------------------------------------------------------------------------------

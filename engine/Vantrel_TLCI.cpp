@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "ColorMatrices.h"
 #include "Vantrel.h"
 
 namespace {
@@ -100,9 +101,7 @@ constexpr const char* kColourHeader =
 const char* const kHueNames[kSectors] = {"R", "R/Y", "Y", "Y/G", "G", "G/C",
                                          "C", "C/B", "B", "B/M", "M", "M/R"};
 
-void multiply(const double (&m)[3][3], const double* in, double* out) {
-    for (int r = 0; r < 3; ++r) out[r] = m[r][0] * in[0] + m[r][1] * in[1] + m[r][2] * in[2];
-}
+using color_matrices::multiply;
 
 void scale(double* s, double factor) {
     for (int i = 0; i < kN; ++i) s[i] *= factor;
@@ -175,18 +174,8 @@ void Vantrel::blackBody_TLCI(double T, double* s) {
 // on the EBU tables of S0, S1, S2.
 void Vantrel::getSyntheticDaylight_TLCI(const double* S0, const double* S1, const double* S2,
                                         double* s, double T) {
-    const double T2 = T * T;
-    const double T3 = T2 * T;
-    double xD;
-    if (T < 7000.0) {
-        xD = 0.244063 + 99.11 / T + 2.9678e6 / T2 - 4.607e9 / T3;
-    } else {
-        xD = 0.23704 + 247.48 / T + 1.9018e6 / T2 - 2.0064e9 / T3;
-    }
-    const double yD = -0.275 + 2.87 * xD - 3.0 * xD * xD;
-    const double M = 0.0241 + 0.2562 * xD - 0.7341 * yD;
-    const double M1 = (-1.3515 - 1.7703 * xD + 5.9114 * yD) / M;
-    const double M2 = (0.03 - 31.4424 * xD + 30.0717 * yD) / M;
+    double M1, M2;
+    daylightFactors(T, &M1, &M2);
     for (int i = 0; i < kN; ++i) s[i] = S0[i] + M1 * S1[i] + M2 * S2[i];
 }
 

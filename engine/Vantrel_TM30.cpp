@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "ColorMatrices.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
 
@@ -89,14 +90,10 @@ constexpr double UCS_INV_C2 = 43.859649122807014;
 
 // Screen colours of the patches: CMCCAT2000 (Li et al. 2002) partial adaptation to D65 at a fixed
 // degree D, the inverse at four digits, then sRGB primaries and a plain 2.2 display gamma.
-constexpr double CMCCAT[3][3] = {
-    {0.7982, 0.3389, -0.1371}, {-0.5918, 1.5512, 0.0406}, {0.0008, 0.0239, 0.9753}};
 constexpr double CMCCAT_INV[3][3] = {
     {1.0765, -0.2377, 0.1612}, {0.411, 0.5543, 0.0347}, {-0.011, -0.0134, 1.0243}};
 constexpr double D65_WHITE[3] = {0.95048, 1.0, 1.0888};
 constexpr double PATCH_D = 0.70633449968381;
-constexpr double SRGB[3][3] = {
-    {3.2406, -1.5372, -0.4986}, {-0.9689, 1.8758, 0.0415}, {0.0557, -0.204, 1.057}};
 constexpr double DISPLAY_GAMMA_INV = 0.45454545454545453;
 
 // The 16 hue-bin colours of the TM-30-18 graphics.
@@ -107,9 +104,7 @@ constexpr double TM30_HUES_GREEN[NB] = {82,  102, 130, 171, 157, 154, 141, 186,
 constexpr double TM30_HUES_BLUE[NB] = {92,  87,  79,  102, 94,  93,  97,  158,
                                        161, 135, 151, 200, 157, 138, 148, 156};
 
-void multiply(const double (&m)[3][3], const double* in, double* out) {
-    for (int r = 0; r < 3; ++r) out[r] = m[r][0] * in[0] + m[r][1] * in[1] + m[r][2] * in[2];
-}
+using color_matrices::multiply;
 
 // Rf, Rf,i and Rf,hj from a colour difference in CAM02-UCS.
 double fidelityScore(double dE) {
@@ -344,15 +339,15 @@ void Vantrel::XYZ2RGB(const double* XYZ, double Xw, double Yw, double Zw, int* r
     const double sample[3] = {XYZ[0] / Y, 1.0, XYZ[2] / Y};
     const double white[3] = {Xw / Yw, 1.0, Zw / Yw};
     double Rs[3], Rw[3], Rd65[3], adapted[3], xyz[3], linear[3];
-    multiply(CMCCAT, sample, Rs);
-    multiply(CMCCAT, white, Rw);
-    multiply(CMCCAT, D65_WHITE, Rd65);
+    multiply(color_matrices::CMCCAT2000, sample, Rs);
+    multiply(color_matrices::CMCCAT2000, white, Rw);
+    multiply(color_matrices::CMCCAT2000, D65_WHITE, Rd65);
     for (int c = 0; c < 3; ++c) {
         adapted[c] = (PATCH_D * Rd65[c] / Rw[c] + 1.0 - PATCH_D) * Rs[c] * Y;
     }
     multiply(CMCCAT_INV, adapted, xyz);
     for (double& v : xyz) v /= 100.0;
-    multiply(SRGB, xyz, linear);
+    multiply(color_matrices::XYZ_TO_SRGB, xyz, linear);
     *r = displayChannel(linear[0]);
     *g = displayChannel(linear[1]);
     *b = displayChannel(linear[2]);
