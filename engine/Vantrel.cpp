@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "GridSum.h"
 #include "VantrelState.h"
 
 namespace {
@@ -100,22 +101,10 @@ const char* Vantrel::getCIE_XYZ_bar_type_name() const {
 // ---------------------------------------------------------------------------------------------
 // Integration
 
-// Sums over the grid run in four interleaved partial sums (236 = 4 x 59), combined in a fixed
-// order: the same result on every run, several times faster than one serial chain of adds.
 namespace {
-static_assert(N % 4 == 0, "the grid is summed in groups of four");
+using grid_sum::dot;
 
-inline double dot(const double* a, const double* b) {
-    double p0 = 0, p1 = 0, p2 = 0, p3 = 0;
-    for (int i = 0; i < N; i += 4) {
-        p0 += a[i] * b[i];
-        p1 += a[i + 1] * b[i + 1];
-        p2 += a[i + 2] * b[i + 2];
-        p3 += a[i + 3] * b[i + 3];
-    }
-    return (p0 + p1) + (p2 + p3);
-}
-
+// The three-factor form: each element (a·b)·c, in the same partial sums as dot.
 inline double dot3(const double* a, const double* b, const double* c) {
     double p0 = 0, p1 = 0, p2 = 0, p3 = 0;
     for (int i = 0; i < N; i += 4) {

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "ColorMatrices.h"
+#include "GridSum.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
 
@@ -211,26 +212,13 @@ void prepareIllumination(const double* s, const double* const* cmf, Illumination
     il->cam = cam02White(il->white[0], il->white[1], il->white[2]);
 }
 
-// Σ p·r over the grid in four interleaved partial sums, the order sum3Products adds in.
-double interleavedDot(const double* p, const double* r) {
-    static_assert(N % 4 == 0, "the grid is summed four points at a time");
-    double s0 = 0, s1 = 0, s2 = 0, s3 = 0;
-    for (int i = 0; i < N; i += 4) {
-        s0 += p[i] * r[i];
-        s1 += p[i + 1] * r[i + 1];
-        s2 += p[i + 2] * r[i + 2];
-        s3 += p[i + 3] * r[i + 3];
-    }
-    return (s0 + s1) + (s2 + s3);
-}
-
 // X, Y, Z of a reflectance: each channel summed exactly as sum3Products sums (S·cmf)·R, ends at
 // half weight added last, so the values are bit for bit k·sum3Products(S, cmf, R).
 void sampleXYZ(const Illumination& il, const double* r, double* XYZ) {
     for (int c = 0; c < 3; ++c) {
         const double* p = il.product[c];
         const double ends = 0.5 * (p[0] * r[0] + p[N - 1] * r[N - 1]);
-        XYZ[c] = il.k * (ends + interleavedDot(p, r));
+        XYZ[c] = il.k * (ends + grid_sum::dot(p, r));
     }
 }
 
