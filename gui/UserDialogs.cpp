@@ -1,0 +1,110 @@
+#include "UserDialogs.h"
+
+#include <cstdarg>
+
+namespace {
+UserDialogs::Script* activeScript = nullptr;
+
+// The answer a box gives when a script has none left: its first button.
+FXuint firstButton(FXuint buttons) {
+    switch (buttons & 0xF0000000) {
+        case MBOX_YES_NO:
+        case MBOX_YES_NO_CANCEL:
+            return MBOX_CLICKED_YES;
+        case MBOX_QUIT_CANCEL:
+        case MBOX_QUIT_SAVE_CANCEL:
+            return MBOX_CLICKED_QUIT;
+        case MBOX_SKIP_SKIPALL_CANCEL:
+            return MBOX_CLICKED_SKIP;
+        case MBOX_SAVE_CANCEL_DONTSAVE:
+            return MBOX_CLICKED_SAVE;
+        default:
+            return MBOX_CLICKED_OK;
+    }
+}
+}  // namespace
+
+void UserDialogs::setScript(Script* script) { activeScript = script; }
+
+UserDialogs::Script* UserDialogs::getScript() { return activeScript; }
+
+FXuint UserDialogs::showBox(FXWindow* owner, Kind kind, FXuint buttons, const char* title,
+                            const char* format, va_list args) {
+    FXString text;
+    text.vformat(format, args);
+    if (activeScript) {
+        activeScript->shown.push_back({kind, title, text.text()});
+        if (activeScript->answers.empty()) return firstButton(buttons);
+        const FXuint answer = activeScript->answers.front();
+        activeScript->answers.pop_front();
+        return answer;
+    }
+    // The text is passed as an argument so that a "%" in it is shown as it stands.
+    switch (kind) {
+        case ERROR:
+            return FXMessageBox::error(owner, buttons, title, "%s", text.text());
+        case WARNING:
+            return FXMessageBox::warning(owner, buttons, title, "%s", text.text());
+        case QUESTION:
+            return FXMessageBox::question(owner, buttons, title, "%s", text.text());
+        default:
+            return FXMessageBox::information(owner, buttons, title, "%s", text.text());
+    }
+}
+
+FXuint UserDialogs::error(FXWindow* owner, const char* title, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const FXuint answer = showBox(owner, ERROR, MBOX_OK, title, format, args);
+    va_end(args);
+    return answer;
+}
+
+FXuint UserDialogs::information(FXWindow* owner, const char* title, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const FXuint answer = showBox(owner, INFORMATION, MBOX_OK, title, format, args);
+    va_end(args);
+    return answer;
+}
+
+FXuint UserDialogs::warning(FXWindow* owner, FXuint buttons, const char* title,
+                            const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const FXuint answer = showBox(owner, WARNING, buttons, title, format, args);
+    va_end(args);
+    return answer;
+}
+
+FXuint UserDialogs::question(FXWindow* owner, FXuint buttons, const char* title,
+                             const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const FXuint answer = showBox(owner, QUESTION, buttons, title, format, args);
+    va_end(args);
+    return answer;
+}
+
+bool UserDialogs::chooseFile(FXWindow* owner, const FXString& title, const FXString& patterns,
+                             const FXString& directory, const FXString& name, bool existingOnly,
+                             FXString* path) {
+    if (activeScript) {
+        activeScript->shown.push_back(
+            {existingOnly ? OPEN_FILE : SAVE_FILE, title.text(), patterns.text()});
+        if (activeScript->files.empty()) return false;
+        const std::string chosen = activeScript->files.front();
+        activeScript->files.pop_front();
+        if (chosen.empty()) return false;
+        *path = chosen.c_str();
+        return true;
+    }
+    FXFileDialog dialog(owner, title, DECOR_ALL, 0, 0, 500, 300);
+    dialog.setSelectMode(existingOnly ? SELECTFILE_EXISTING : SELECTFILE_ANY);
+    dialog.setPatternList(patterns);
+    dialog.setDirectory(directory);
+    if (!name.empty()) dialog.setFilename(FXPath::absolute(directory, name));
+    if (!dialog.execute(PLACEMENT_OWNER)) return false;
+    *path = dialog.getFilename();
+    return !path->empty();
+}
