@@ -18,12 +18,15 @@ build: deps $(BUILD)/CMakeCache.txt
 	cmake --build $(BUILD) -j $(JOBS)
 
 run: build
-	@echo "The main window is not built yet; here is lumivar-cli on the example spectrum:"
-	@echo "  $(BUILD)/cli/lumivar-cli calc examples/white_led.txt"
-	@echo
-	@$(BUILD)/cli/lumivar-cli calc examples/white_led.txt
-	@echo
-	@echo "Try: $(BUILD)/cli/lumivar-cli calc --help"
+	@if [ -n "$$DISPLAY" ]; then \
+		$(BUILD)/app/lumivar; \
+	else \
+		echo "No display (DISPLAY is not set): the window cannot open here."; \
+		echo "Without a display use the command-line tool, for example:"; \
+		echo "  $(BUILD)/cli/lumivar-cli calc examples/white_led.txt"; \
+		echo; \
+		$(BUILD)/cli/lumivar-cli calc examples/white_led.txt; \
+	fi
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)

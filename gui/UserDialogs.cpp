@@ -68,8 +68,8 @@ FXuint UserDialogs::information(FXWindow* owner, const char* title, const char* 
     return answer;
 }
 
-FXuint UserDialogs::warning(FXWindow* owner, FXuint buttons, const char* title,
-                            const char* format, ...) {
+FXuint UserDialogs::warning(FXWindow* owner, FXuint buttons, const char* title, const char* format,
+                            ...) {
     va_list args;
     va_start(args, format);
     const FXuint answer = showBox(owner, WARNING, buttons, title, format, args);
@@ -77,8 +77,8 @@ FXuint UserDialogs::warning(FXWindow* owner, FXuint buttons, const char* title,
     return answer;
 }
 
-FXuint UserDialogs::question(FXWindow* owner, FXuint buttons, const char* title,
-                             const char* format, ...) {
+FXuint UserDialogs::question(FXWindow* owner, FXuint buttons, const char* title, const char* format,
+                             ...) {
     va_list args;
     va_start(args, format);
     const FXuint answer = showBox(owner, QUESTION, buttons, title, format, args);

@@ -1,0 +1,357 @@
+// The main window: construction, start-up, settings, quit and the small commands.
+#include "VantrelGUI.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "AppConstants.h"
+#include "ArgbColor.h"
+#include "Fox_Fixes/Table_zwk7.h"
+#include "ProgramFolder.h"
+#include "UserDialogs.h"
+#include "ValueFormat.h"
+
+FXDEFMAP(VantrelGUI)
+VantrelGUIMap[] = {
+    FXMAPFUNC(SEL_CLOSE, 0, VantrelGUI::onCmdQuit),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_QUIT, VantrelGUI::onCmdQuit),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CALCULATE, VantrelGUI::onCmdCalculate),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_ANALYSIS_TYPE, VantrelGUI::onCmdAnalysisType),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SPECTRUM_RANGE, VantrelGUI::onCmdSpectrumRange),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_OPTION_CHECK, VantrelGUI::onCmdOptionCheck),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_OPTION_RADIO, VantrelGUI::onCmdOptionRadio),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_IR_CHK, VantrelGUI::onCmdIRChk),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CLEAR_SPECTRUM_DATA, VantrelGUI::onCmdClearSpectrumData),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_ADD_XY_TO_ARRAY, VantrelGUI::onCmdAddXYtoArray),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_ADD_RS_TO_ARRAY, VantrelGUI::onCmdAddRsToArray),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CLEAR_SAVED_XY, VantrelGUI::onCmdClearSavedXYArray),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CLEAR_SAVED_R, VantrelGUI::onCmdClearSavedR_Array),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_DEFAULTS, VantrelGUI::onCmdResetDefaults),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_WORKING_DIR, VantrelGUI::onCmdResetWorkingDir),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_UPDATE_DECIMAL_FORMAT,
+              VantrelGUI::onCmdUpdateDecimalFormat),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_ABOUT, VantrelGUI::onCmdAbout),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESULT_TABS, VantrelGUI::onCmdResultTabs),
+    FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_MAIN_WINDOW_POSITION,
+              VantrelGUI::onCmdMainWindowPosition),
+    FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_FIT_TO_SCREEN, VantrelGUI::onCmdFitToScreenSize),
+    FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_PLOT_CANVAS, VantrelGUI::onCmdRedraw),
+};
+
+FXIMPLEMENT(VantrelGUI, FXMainWindow, VantrelGUIMap, ARRAYNUMBER(VantrelGUIMap))
+
+namespace {
+// Faces tried in turn for the program font, at 9 points.
+const char* const FONT_FACES[] = {"Helvetica Neue Deskinterface [LINO]",
+                                  "Lucida Grande",
+                                  "Apple SD Gothic",
+                                  "Aqua Kana",
+                                  "DejaVu Sans",
+                                  "DejaVu",
+                                  "Gothic",
+                                  "Liberation Sans",
+                                  "Helvetica"};
+constexpr int PROGRAM_FONT_SIZE = 9;
+// Saved x,y points and R-value sets kept for the calculators.
+constexpr std::size_t MAX_SAVED_VALUES = 2500;
+// Window geometry used when the settings give none that fits.
+constexpr int DEFAULT_WINDOW_X = 50, DEFAULT_WINDOW_Y = 50;
+constexpr int DEFAULT_WINDOW_W = 1000, DEFAULT_WINDOW_H = 800;
+
+FXFont* makeProgramFont(FXApp* app) {
+    for (const char* face : FONT_FACES) {
+        FXFontDesc* fonts = nullptr;
+        FXuint count = 0;
+        if (FXFont::listFonts(fonts, count, face) && count > 0) {
+            FXFREE(&fonts);
+            return new FXFont(app, face, PROGRAM_FONT_SIZE);
+        }
+        if (fonts != nullptr) FXFREE(&fonts);
+    }
+    return nullptr;
+}
+}  // namespace
+
+VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
+    : FXMainWindow(app, APP_NAME, nullptr, nullptr, DECOR_ALL, 0, 0, DEFAULT_WINDOW_W,
+                   DEFAULT_WINDOW_H) {
+    programFont = makeProgramFont(app);
+    resetOutputOrder(outputFields, outputOrder);
+    setTitle(FXString().format("%s v%d.%02d", APP_NAME, VERSION_MAJOR, VERSION_MINOR));
+
+    paths.programDir = chooseProgramDir(argFolder, std::getenv("HOME"), passwordHomeDirectory());
+    paths.settingsFile = paths.programDir + ValueFormat::format("%s.ini", APP_NAME);
+    paths.photometryFile = paths.programDir + PHOTOMETRY_FILE_NAME;
+    settings.setString("pathUserFilesDirectory", paths.programDir);
+
+    buildMenus();
+    buildToolBar(this);
+    statusLabel = new FXLabel(this, "", nullptr, LAYOUT_SIDE_BOTTOM | LAYOUT_FILL_X | JUSTIFY_LEFT);
+    mainSplitter = new FXSplitter(
+        this, SPLITTER_HORIZONTAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
+    buildInputSide(mainSplitter);
+    buildTables(mainSplitter);
+    buildPlotSide(mainSplitter);
+    setDefaults();
+}
+
+VantrelGUI::~VantrelGUI() {
+    getApp()->removeTimeout(this, ID_MAIN_WINDOW_POSITION);
+    getApp()->removeTimeout(this, ID_FIT_TO_SCREEN);
+    for (FXMenuPane* pane : menuPanes) delete pane;
+    // Once it is the application's normal font, the font lives as long as the application.
+    if (getApp()->getNormalFont() != programFont) delete programFont;
+}
+
+void VantrelGUI::create() {
+    if (programFont != nullptr) {
+        programFont->create();
+        getApp()->setNormalFont(programFont);
+    }
+    FXMainWindow::create();
+    for (FXMenuPane* pane : menuPanes) pane->create();
+    show(PLACEMENT_SCREEN);
+    setWindowSizePosition();
+    if (settings.getBool("isMaximized_ini")) maximize();
+}
+
+void VantrelGUI::setDefaults() {
+    settings.setIniDefaults();
+    mixedSpectrum.assign(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    fillWavelengthColumns();
+    readSettings();
+    // Without stored settings the window fills the screen at the first start.
+    getApp()->addTimeout(this, settingsReadFailed ? ID_FIT_TO_SCREEN : ID_MAIN_WINDOW_POSITION, 1);
+    if (settings.getBool("clearDataStartupMenuItem")) onCmdClearSpectrumData(nullptr, 0, nullptr);
+    setSavedValuesCaptions();
+}
+
+// --- Settings --------------------------------------------------------------------------------
+
+void VantrelGUI::readSettings() {
+    settingsReadFailed =
+        settings.read(paths.settingsFile, true).status != ProgramSettings::ReadStatus::OK;
+    if (settingsReadFailed) settings.setIniDefaults();
+    if (settings.getString("pathUserFilesDirectory").empty()) {
+        settings.setString("pathUserFilesDirectory", paths.programDir);
+    }
+    settingsToWidgets();
+}
+
+void VantrelGUI::settingsToWidgets() {
+    for (const OptionBinding& binding : optionBindings) {
+        const int value = settings.getInt(binding.tag);
+        const bool on = binding.radio ? value == binding.value : value != 0;
+        if (binding.radio) {
+            static_cast<FXMenuRadio*>(binding.widget)->setCheck(on);
+        } else {
+            static_cast<FXMenuCheck*>(binding.widget)->setCheck(on);
+        }
+    }
+    irChk->setCheck(settings.getBool("irChk"));
+    binningChk->setCheck(settings.getBool("binningChk"));
+    bluePeakChk->setCheck(settings.getBool("removeBluePeakChk"));
+    spectrumRange = std::clamp(settings.getInt("spectrumRange"), 0, NUM_SPECTRUM_RANGES - 1);
+    setAnalysisType(settings.getInt("analysisType"));
+    setSpectrumRange(spectrumRange);
+}
+
+void VantrelGUI::widgetsToSettings() {
+    for (const OptionBinding& binding : optionBindings) {
+        if (binding.radio) {
+            if (static_cast<FXMenuRadio*>(binding.widget)->getCheck()) {
+                settings.setInt(binding.tag, binding.value);
+            }
+        } else {
+            settings.setBool(binding.tag, static_cast<FXMenuCheck*>(binding.widget)->getCheck());
+        }
+    }
+    settings.setInt("analysisType", analysisType);
+    settings.setInt("spectrumRange", spectrumRange);
+    settings.setBool("irChk", irChk->getCheck());
+    settings.setBool("binningChk", binningChk->getCheck());
+    settings.setBool("removeBluePeakChk", bluePeakChk->getCheck());
+    settings.setBool("isMaximized_ini", isMaximized());
+    if (!isMaximized()) {
+        settings.setInt("window_x", getX());
+        settings.setInt("window_y", getY());
+        settings.setInt("main_width", getWidth());
+        settings.setInt("main_height", getHeight());
+    }
+    FXWindow* inputSide = mainSplitter->getFirst();
+    FXWindow* tableSide = inputSide != nullptr ? inputSide->getNext() : nullptr;
+    if (inputSide != nullptr) settings.setInt("dataSplitter", inputSide->getWidth());
+    if (tableSide != nullptr) settings.setInt("plotsSplitter", tableSide->getWidth());
+}
+
+void VantrelGUI::saveSettings() {
+    widgetsToSettings();
+    if (!settings.write(paths.settingsFile, true)) {
+        UserDialogs::error(this, "File error",
+                           "File \"%s\" could not be written, try a different name.",
+                           paths.settingsFile.c_str());
+    }
+}
+
+void VantrelGUI::setWindowSizePosition() {
+    int x = settings.getInt("window_x"), y = settings.getInt("window_y");
+    int w = settings.getInt("main_width"), h = settings.getInt("main_height");
+    if (x < 0 || y < 0) x = DEFAULT_WINDOW_X, y = DEFAULT_WINDOW_Y;
+    if (w < 100 || h < 100) w = DEFAULT_WINDOW_W, h = DEFAULT_WINDOW_H;
+    if (!isMaximized()) position(x, y, w, h);
+    FXWindow* inputSide = mainSplitter->getFirst();
+    const int data = settings.getInt("dataSplitter"), plots = settings.getInt("plotsSplitter");
+    if (inputSide != nullptr && data > 0 && data + plots < w) {
+        inputSide->setWidth(data);
+        if (inputSide->getNext() != nullptr && plots > 0) inputSide->getNext()->setWidth(plots);
+    }
+}
+
+void VantrelGUI::resizeToScreen(bool showTip) {
+    int w = getRoot()->getWidth(), h = getRoot()->getHeight();
+    if (w >= 2001) w = 1500;
+    if (h >= 2001) h = 1000;
+    position(25, 50, w - 50, h - 100);
+    // The inputs and the tables take two thirds of the width, the plots and results the rest.
+    FXWindow* inputSide = mainSplitter->getFirst();
+    if (inputSide != nullptr && inputSide->getNext() != nullptr) {
+        const int tableWidth = inputSide->getNext()->getWidth();
+        inputSide->setWidth(std::max(200, (w - 50) * 2 / 3 - tableWidth));
+    }
+    if (showTip) {
+        UserDialogs::information(this, "Resizing Tip",
+                                 "The sizes of the window and of its panes can be changed by "
+                                 "dragging their edges; they are kept for the next start.");
+    }
+}
+
+long VantrelGUI::onCmdMainWindowPosition(FXObject*, FXSelector, void*) {
+    setWindowSizePosition();
+    return 1;
+}
+
+long VantrelGUI::onCmdFitToScreenSize(FXObject*, FXSelector, void*) {
+    resizeToScreen(false);
+    return 1;
+}
+
+long VantrelGUI::onCmdQuit(FXObject*, FXSelector, void*) {
+    saveSettings();
+    getApp()->exit(0);
+    return 1;
+}
+
+// --- Options of the menus ----------------------------------------------------------------------
+
+long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
+    for (const OptionBinding& binding : optionBindings) {
+        if (binding.widget != sender) continue;
+        settings.setBool(binding.tag, static_cast<FXMenuCheck*>(binding.widget)->getCheck());
+    }
+    return 1;
+}
+
+FXWindow* VantrelGUI::getOptionWidget(const std::string& tag, int value) const {
+    for (const OptionBinding& binding : optionBindings) {
+        if (binding.tag == tag && (!binding.radio || binding.value == value)) return binding.widget;
+    }
+    return nullptr;
+}
+
+long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
+    std::string tag;
+    int value = 0;
+    for (const OptionBinding& binding : optionBindings) {
+        if (binding.widget == sender) tag = binding.tag, value = binding.value;
+    }
+    if (tag.empty()) return 1;
+    for (const OptionBinding& binding : optionBindings) {
+        if (binding.tag == tag) {
+            static_cast<FXMenuRadio*>(binding.widget)->setCheck(binding.value == value);
+        }
+    }
+    settings.setInt(tag, value);
+    if (tag == "spectrumRange") {
+        setSpectrumRange(value);
+    } else if (tag == "freeFormatInputUnitsIndex") {
+        setTableColumnTitles();
+    } else if ((tag == "inputWattsUnits" || tag == "numDecimalsFor_xyDuv_etc") && resultsValid) {
+        showResults(lastResults);
+    }
+    return 1;
+}
+
+// --- Saved values ------------------------------------------------------------------------------
+
+long VantrelGUI::onCmdAddXYtoArray(FXObject*, FXSelector, void*) {
+    if (!resultsValid || savedXY.size() >= MAX_SAVED_VALUES) return 1;
+    const SpectrumResults& r = lastResults;
+    savedXY.push_back({r.x, r.y, r.cct, r.x10, r.y10});
+    setSavedValuesCaptions();
+    return 1;
+}
+
+long VantrelGUI::onCmdAddRsToArray(FXObject*, FXSelector, void*) {
+    if (!resultsValid || savedR.size() >= MAX_SAVED_VALUES) return 1;
+    std::array<double, 16> values{};
+    std::copy(std::begin(lastResults.R), std::end(lastResults.R), values.begin());
+    savedR.push_back(values);
+    setSavedValuesCaptions();
+    return 1;
+}
+
+long VantrelGUI::onCmdClearSavedXYArray(FXObject*, FXSelector, void*) {
+    savedXY.clear();
+    setSavedValuesCaptions();
+    return 1;
+}
+
+long VantrelGUI::onCmdClearSavedR_Array(FXObject*, FXSelector, void*) {
+    savedR.clear();
+    setSavedValuesCaptions();
+    return 1;
+}
+
+void VantrelGUI::setSavedValuesCaptions() {
+    if (savedValuesLabel == nullptr) return;
+    savedValuesLabel->setText(
+        FXString().format("Saved x,y: %d   Saved Rn: %d", numSavedXY(), numSavedR()));
+}
+
+// --- Other commands ----------------------------------------------------------------------------
+
+long VantrelGUI::onCmdResetDefaults(FXObject*, FXSelector, void*) {
+    settings.setIniDefaults();
+    settings.setString("pathUserFilesDirectory", paths.programDir);
+    settingsToWidgets();
+    resizeToScreen(false);
+    return 1;
+}
+
+long VantrelGUI::onCmdResetWorkingDir(FXObject*, FXSelector, void*) {
+    settings.setString("pathUserFilesDirectory", paths.programDir);
+    return 1;
+}
+
+// The decimal symbol of tables and fields is the point on this platform: nothing to update.
+long VantrelGUI::onCmdUpdateDecimalFormat(FXObject*, FXSelector, void*) { return 1; }
+
+long VantrelGUI::onCmdAbout(FXObject*, FXSelector, void*) {
+    const FXString title = FXString().format("About %s", APP_NAME);
+    UserDialogs::information(this, title.text(), "%s, version %d.%02d\n\n%s", APP_NAME,
+                             VERSION_MAJOR, VERSION_MINOR,
+                             "Colour science of LED lighting: photometry, chromaticity, colour "
+                             "rendering and spectra.");
+    return 1;
+}
+
+long VantrelGUI::onCmdResultTabs(FXObject*, FXSelector, void*) { return 1; }
+
+// The plot canvases stay blank until their plots are drawn into them.
+long VantrelGUI::onCmdRedraw(FXObject* sender, FXSelector, void* ptr) {
+    FXCanvas* canvas = static_cast<FXCanvas*>(sender);
+    FXDCWindow dc(canvas, static_cast<FXEvent*>(ptr));
+    dc.setForeground(FXRGB(255, 255, 255));
+    dc.fillRectangle(0, 0, canvas->getWidth(), canvas->getHeight());
+    return 1;
+}

@@ -1,0 +1,216 @@
+// The main window: owner of every input, every result field, the spectrum tables and the two
+// engines (1931 2° and, for the "(F,10)" results, 2015 10°). Handlers read widgets, call core,
+// and write results back.
+#ifndef LUMIVAR_GUI_VANTRELGUI_H
+#define LUMIVAR_GUI_VANTRELGUI_H
+
+#include <fx.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "AddCommas.h"
+#include "DirectInput.h"
+#include "OutputField.h"
+#include "ProgramSettings.h"
+#include "ResultFields.h"
+#include "TextToNumber.h"
+
+class Table_zwk7;
+struct MenuItemDef;
+
+// Where the program keeps its files, as main chose them.
+struct ProgramPaths {
+    std::string programDir;    // per-user folder, ends with "/"
+    std::string settingsFile;  // programDir + "Lumivar.ini"
+    std::string photometryFile;
+};
+
+class VantrelGUI : public FXMainWindow {
+    FXDECLARE(VantrelGUI)
+
+  public:
+    // argFolder: the one command-line argument (a folder replacing the per-user folder), or "".
+    VantrelGUI(FXApp* app, const std::string& argFolder);
+    ~VantrelGUI() override;
+    void create() override;
+
+    enum {
+        ID_QUIT = FXMainWindow::ID_LAST,
+        ID_CALCULATE,
+        ID_CAL_INDIVIDUAL,
+        ID_ABORT_OPT,
+        ID_ANALYSIS_TYPE,   // radio; the value is the position in analysisRadios
+        ID_SPECTRUM_RANGE,  // menu radio; the value is the position in rangeRadios
+        ID_OPTION_CHECK,    // a menu check bound to a settings option
+        ID_OPTION_RADIO,    // a menu radio bound to a settings option and value
+        ID_IR_CHK,
+        ID_BINNING_CHK,
+        ID_BLUE_PEAK_CHK,
+        ID_CLEAR_SPECTRUM_DATA,
+        ID_ADD_XY_TO_ARRAY,
+        ID_ADD_RS_TO_ARRAY,
+        ID_CLEAR_SAVED_XY,
+        ID_CLEAR_SAVED_R,
+        ID_RESET_DEFAULTS,
+        ID_RESET_WORKING_DIR,
+        ID_UPDATE_DECIMAL_FORMAT,
+        ID_ABOUT,
+        ID_RESULT_TABS,
+        ID_MAIN_WINDOW_POSITION,
+        ID_FIT_TO_SCREEN,
+        ID_PLOT_CANVAS,  // SEL_PAINT of the two plot canvases
+        ID_LAST
+    };
+
+    long onCmdQuit(FXObject*, FXSelector, void*);
+    long onCmdCalculate(FXObject*, FXSelector, void*);
+    long onCmdAnalysisType(FXObject*, FXSelector, void*);
+    long onCmdSpectrumRange(FXObject*, FXSelector, void*);
+    long onCmdOptionCheck(FXObject*, FXSelector, void*);
+    long onCmdOptionRadio(FXObject*, FXSelector, void*);
+    long onCmdIRChk(FXObject*, FXSelector, void*);
+    long onCmdClearSpectrumData(FXObject*, FXSelector, void*);
+    long onCmdAddXYtoArray(FXObject*, FXSelector, void*);
+    long onCmdAddRsToArray(FXObject*, FXSelector, void*);
+    long onCmdClearSavedXYArray(FXObject*, FXSelector, void*);
+    long onCmdClearSavedR_Array(FXObject*, FXSelector, void*);
+    long onCmdResetDefaults(FXObject*, FXSelector, void*);
+    long onCmdResetWorkingDir(FXObject*, FXSelector, void*);
+    long onCmdUpdateDecimalFormat(FXObject*, FXSelector, void*);
+    long onCmdAbout(FXObject*, FXSelector, void*);
+    long onCmdResultTabs(FXObject*, FXSelector, void*);
+    long onCmdMainWindowPosition(FXObject*, FXSelector, void*);
+    long onCmdFitToScreenSize(FXObject*, FXSelector, void*);
+    long onCmdRedraw(FXObject*, FXSelector, void*);
+
+    // The internal interface used by tests and, later, by imports and batch runs.
+    const ProgramPaths& getPaths() const { return paths; }
+    ProgramSettings& getSettings() { return settings; }
+    int getAnalysisType() const { return analysisType; }
+    // The input table of a range (0 to 5) and the display table.
+    Table_zwk7* getInputTable(int spectrumRange) const { return inputTables[spectrumRange]; }
+    Table_zwk7* getDisplayTable() const { return displayTable; }
+    Table_zwk7* getShownTable() const;
+    FXMenuRadio* getRangeRadio(int spectrumRange) const { return rangeRadios[spectrumRange]; }
+    // The menu check or radio bound to an option (for a radio, the one of this value).
+    FXWindow* getOptionWidget(const std::string& tag, int value = 1) const;
+    // Text of a result field by its label ("Lumens", "x", ...), empty when it has none.
+    FXString getResultText(const std::string& name) const;
+    // Selects an analysis type or a spectrum range as the radios and menus do.
+    void setAnalysisType(int type);
+    void setSpectrumRange(int range);
+    bool hasResults() const { return resultsValid; }
+    int numSavedXY() const { return static_cast<int>(savedXY.size()); }
+    int numSavedR() const { return static_cast<int>(savedR.size()); }
+    // Writes the settings file as Quit does, without quitting.
+    void saveSettings();
+
+    // Colours of the error cell and the tints that tell the input tables apart (0xAARRGGBB as
+    // signed ints, as the settings keep colours).
+    static constexpr int ERROR_CELL_COLOR = -65536;
+    static constexpr int TABLE_TINTS[NUM_SPECTRUM_RANGES] = {-6426,    -26,    -1644826,
+                                                             -1638401, -14081, -3618561};
+
+  protected:
+    VantrelGUI() {}
+
+  private:
+    // Construction, by part of the window.
+    void buildMenus();
+    void buildToolBar(FXComposite* parent);
+    void buildInputSide(FXComposite* parent);
+    void buildTables(FXComposite* parent);
+    void buildPlotSide(FXComposite* parent);
+    void layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
+    FXMenuPane* addMenu(const char* title, const MenuItemDef* items, int count);
+
+    // Start-up and settings.
+    void setDefaults();
+    void readSettings();
+    void settingsToWidgets();
+    void widgetsToSettings();
+    void setWindowSizePosition();
+    void resizeToScreen(bool showTip);
+
+    // Tables.
+    void setupTable();
+    void setTableColumnTitles();
+    void setSpectrumTableVisibility();
+    void fillWavelengthColumns();
+    InputRows readInputRows(Table_zwk7* table) const;
+    void showInputMessage(Table_zwk7* table, const InputMessage& message);
+    double getSpectrumTypeInputUnitsFactor() const;
+    DirectInputOptions directInputOptions() const;
+
+    // Calculate.
+    bool calculateDirectInput();
+    void showResults(const SpectrumResults& results);
+    void clearOutput();
+    void updateCalculateButton();
+    void setSavedValuesCaptions();
+
+    // Owned objects: two engines in the calculator, number helpers, settings.
+    SpectrumCalculator calculator;
+    TextToNumber textToNumber;
+    AddCommas addCommas;
+    ProgramSettings settings;
+    ProgramPaths paths;
+
+    // State read from the widgets on demand and kept between runs.
+    int analysisType = 1;
+    int spectrumRange = RANGE_360_830_2NM;
+    bool resultsValid = false;
+    SpectrumResults lastResults;
+    std::vector<double> mixedSpectrum;
+    std::vector<std::array<double, 5>> savedXY;  // x, y, CCT, x 10°, y 10°
+    std::vector<std::array<double, 16>> savedR;  // Ra, R1 to R15
+    OutputField outputFields[NUM_OUTPUT_FIELDS];
+    int outputOrder[NUM_OUTPUT_FIELDS] = {};
+    bool settingsReadFailed = false;
+
+    // Widgets.
+    FXMenuBar* menuBar = nullptr;
+    std::vector<FXMenuPane*> menuPanes;
+    FXSplitter* mainSplitter = nullptr;
+    FXTabBook* inputTabs = nullptr;
+    FXTabItem* spectraTab = nullptr;
+    FXTabItem* filtersTab = nullptr;
+    FXTabItem* colorsTab = nullptr;
+    FXTabItem* optimizationTab = nullptr;
+    FXRadioButton* analysisRadios[9] = {};
+    FXButton* calculateButton = nullptr;
+    FXButton* calIndividualButton = nullptr;
+    FXButton* abortOptButton = nullptr;
+    FXCheckButton* binningChk = nullptr;
+    FXCheckButton* bluePeakChk = nullptr;
+    FXCheckButton* irChk = nullptr;
+    FXSwitcher* tableSwitcher = nullptr;
+    Table_zwk7* displayTable = nullptr;
+    Table_zwk7* inputTables[NUM_SPECTRUM_RANGES] = {};
+    FXMenuRadio* rangeRadios[NUM_SPECTRUM_RANGES] = {};
+    FXMenuCascade* inputUnitsCascade = nullptr;
+    FXMenuCommand* editSelectAll = nullptr;  // the Edit entries and tool buttons that act
+    FXMenuCommand* editCopy = nullptr;       // on the table shown
+    FXMenuCommand* editPaste = nullptr;
+    std::vector<FXButton*> tableButtons;
+    FXCanvas* ciePlotCanvas = nullptr;
+    FXCanvas* spectrumPlotCanvas = nullptr;
+    FXTabBook* resultTabs = nullptr;
+    FXTextField* resultFields[NUM_OUTPUT_FIELDS] = {};
+    FXLabel* savedValuesLabel = nullptr;
+    FXLabel* statusLabel = nullptr;
+    FXFont* programFont = nullptr;
+
+    // Menu checks and radios bound to settings options.
+    struct OptionBinding {
+        FXWindow* widget;  // FXMenuCheck or FXMenuRadio
+        std::string tag;   // the option
+        int value;         // for a radio: the option's value when this radio is chosen
+        bool radio;
+    };
+    std::vector<OptionBinding> optionBindings;
+};
+
+#endif  // LUMIVAR_GUI_VANTRELGUI_H

@@ -1,0 +1,259 @@
+// Panes of the main window: the input side, the spectrum tables, the plots and the results.
+#include <algorithm>
+
+#include "ArgbColor.h"
+#include "Fox_Fixes/Table_zwk7.h"
+#include "ValueFormat.h"
+#include "VantrelGUI.h"
+
+namespace {
+// Labels of the analysis radios, by analysisType.
+const char* const ANALYSIS_LABELS[9] = {
+    "Spectra",     "Direct spectrum input",  "Black body curve", "Optimization", "Filter input",
+    "Plot filter", "Reconstituted daylight", "Color input",      "Plot color"};
+// Analysis types this build calculates; the others stand greyed.
+bool isAnalysisTypeBuilt(int type) { return type == 1; }
+
+// Column titles of the spectrum column, by freeFormatInputUnitsIndex.
+const char* const SPECTRUM_TITLES[4] = {"Spectrum\n(W/nm)", "Spectrum\n(mW/nm)",
+                                        "Spectrum\n(uW/nm)", "Spectrum\n(Photons/(s-nm))"};
+const char* const MATCHING_TITLES[4] = {"Matching\n(W/nm)", "Matching\n(mW/nm)",
+                                        "Matching\n(uW/nm)", "Matching\n(Photons/(s-nm))"};
+const char* const UNITS_CASCADE_TITLES[4] = {
+    "Input units for spectra (Watts/nm)", "Input units for spectra (milliWatts/nm)",
+    "Input units for spectra (microWatts/nm)", "Input units for spectra (Photons/(s-nm))"};
+
+// Rows of the free-format table at first.
+constexpr int FREE_TABLE_ROWS = 2048;
+// Main-tab fields: photometry, colour rendering, chromaticity.
+const int MAIN_TAB_FIELDS[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16,
+                               17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32};
+}  // namespace
+
+void VantrelGUI::buildInputSide(FXComposite* parent) {
+    FXVerticalFrame* side =
+        new FXVerticalFrame(parent, LAYOUT_FILL_Y | LAYOUT_FIX_WIDTH, 0, 0, 520, 0);
+    FXHorizontalFrame* checks = new FXHorizontalFrame(side, LAYOUT_FILL_X);
+    binningChk = new FXCheckButton(checks, "Include binning effects", this, ID_BINNING_CHK);
+    bluePeakChk = new FXCheckButton(checks, "Subtract blue peak", this, ID_BLUE_PEAK_CHK);
+    irChk = new FXCheckButton(checks, "Include IR (830 - 1050 nm)", this, ID_IR_CHK);
+    binningChk->disable();
+    bluePeakChk->disable();
+
+    inputTabs = new FXTabBook(side, nullptr, 0, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    const char* const tabTitles[4] = {"Spectra (0)", "Filters (0)", "Colors (0)", "Optimization"};
+    FXTabItem** tabs[4] = {&spectraTab, &filtersTab, &colorsTab, &optimizationTab};
+    for (int t = 0; t < 4; ++t) {
+        *tabs[t] = new FXTabItem(inputTabs, tabTitles[t]);
+        FXVerticalFrame* page = new FXVerticalFrame(
+            inputTabs, FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
+        if (t == 0) new FXLabel(page, "# spectra checked: 0", nullptr, JUSTIFY_LEFT);
+    }
+
+    FXGroupBox* analysis =
+        new FXGroupBox(side, "Analysis", GROUPBOX_TITLE_LEFT | FRAME_GROOVE | LAYOUT_FILL_X);
+    FXMatrix* radios = new FXMatrix(analysis, 3, MATRIX_BY_COLUMNS | LAYOUT_FILL_X);
+    for (int type = 0; type < 9; ++type) {
+        analysisRadios[type] =
+            new FXRadioButton(radios, ANALYSIS_LABELS[type], this, ID_ANALYSIS_TYPE);
+        if (!isAnalysisTypeBuilt(type)) analysisRadios[type]->disable();
+    }
+    FXHorizontalFrame* buttons = new FXHorizontalFrame(side, LAYOUT_FILL_X);
+    calculateButton = new FXButton(buttons, "Calculate", nullptr, this, ID_CALCULATE,
+                                   BUTTON_NORMAL | LAYOUT_FIX_WIDTH, 0, 0, 110, 0);
+    calIndividualButton =
+        new FXButton(buttons, "Cal Individual", nullptr, this, ID_CAL_INDIVIDUAL, BUTTON_NORMAL);
+    abortOptButton =
+        new FXButton(buttons, "Abort Optim", nullptr, this, ID_ABORT_OPT, BUTTON_NORMAL);
+    calIndividualButton->disable();
+    abortOptButton->disable();
+    savedValuesLabel = new FXLabel(side, "", nullptr, JUSTIFY_LEFT | LAYOUT_FILL_X);
+}
+
+void VantrelGUI::buildTables(FXComposite* parent) {
+    FXVerticalFrame* frame = new FXVerticalFrame(
+        parent, LAYOUT_FILL_Y | LAYOUT_FIX_WIDTH | FRAME_SUNKEN, 0, 0, 250, 0, 0, 0, 0, 0);
+    tableSwitcher = new FXSwitcher(frame, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0);
+    auto makeTable = [this](int rows, int tint) {
+        Table_zwk7* table = new Table_zwk7(tableSwitcher, nullptr, 0,
+                                           TABLE_COL_SIZABLE | LAYOUT_FILL_X | LAYOUT_FILL_Y);
+        table->setTableSize(rows, 2);
+        table->setRowHeaderWidth(0);
+        table->setColumnHeaderHeight(34);
+        table->setDefColumnWidth(115);
+        // The tint of the wavelength column tells the user which table is active.
+        table->setCellColor(0, 0, argbColor(tint));
+        table->setCellColor(1, 0, argbColor(tint));
+        return table;
+    };
+    displayTable = makeTable(Vantrel::NUM_GRID_POINTS, -1);
+    displayTable->setEditable(FALSE);
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
+        const InputTableGrid grid = inputTableGrid(r, false);
+        inputTables[r] =
+            makeTable(r == RANGE_FREE_FORMAT ? FREE_TABLE_ROWS : grid.rows, TABLE_TINTS[r]);
+        if (r == RANGE_FREE_FORMAT) inputTables[r]->setAllowResizingOfRows(true);
+    }
+}
+
+void VantrelGUI::buildPlotSide(FXComposite* parent) {
+    FXSplitter* split = new FXSplitter(
+        parent, SPLITTER_VERTICAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
+    FXHorizontalFrame* plots = new FXHorizontalFrame(
+        split, LAYOUT_FILL_X | LAYOUT_FIX_HEIGHT | FRAME_SUNKEN, 0, 0, 0, 330, 0, 0, 0, 0);
+    ciePlotCanvas = new FXCanvas(plots, this, ID_PLOT_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    spectrumPlotCanvas = new FXCanvas(plots, this, ID_PLOT_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));
+    spectrumPlotCanvas->setBackColor(FXRGB(255, 255, 255));
+    resultTabs = new FXTabBook(split, this, ID_RESULT_TABS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    layoutMainResultsTab(resultTabs, 94, 84);
+}
+
+void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
+    new FXTabItem(book, "Main");
+    FXScrollWindow* scroll =
+        new FXScrollWindow(book, FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXVerticalFrame* page = new FXVerticalFrame(scroll, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXMatrix* grid = new FXMatrix(page, 5, MATRIX_BY_COLUMNS | LAYOUT_FILL_X);
+    for (int index : MAIN_TAB_FIELDS) {
+        FXGroupBox* box = new FXGroupBox(grid, outputFieldName(index).c_str(),
+                                         GROUPBOX_TITLE_CENTER | FRAME_GROOVE | LAYOUT_FIX_WIDTH, 0,
+                                         0, labelWidth, 0, 2, 2, 0, 2);
+        FXTextField* field = new FXTextField(
+            box, 8, nullptr, 0,
+            TEXTFIELD_READONLY | JUSTIFY_CENTER_X | FRAME_SUNKEN | LAYOUT_FILL_X | LAYOUT_FIX_WIDTH,
+            0, 0, fieldWidth, 0);
+        resultFields[index] = field;
+    }
+    const double firstNm = 360.0, lastNm = 830.0;
+    resultFields[1]->setTipText(FXString().format(
+        "Visible watts (calculated in the range of %.0lf - %.0lf nm).", firstNm, lastNm));
+    resultFields[4]->setTipText(
+        FXString().format("Luminous Efficacy of Radiation\nLumens per visible watt (calculated "
+                          "in the range of %.0lf - %.0lf nm).",
+                          firstNm, lastNm));
+    resultFields[5]->setTipText("Total LPW (wall-plug watts not visible or optical).");
+    resultFields[6]->setTipText("Electrical input watts (calculated from the total LPW).");
+    resultFields[7]->setTipText(
+        FXString().format("Extended lumens are the lumens with the eye sensitivity curve "
+                          "extended down to %.0lf nm.\nThis is used with IR sources.",
+                          firstNm));
+    resultFields[27]->setTipText("Distance to the black body locus in CIE 1960 u-v space.");
+    resultFields[28]->setTipText("Distance to the black body locus in CIE 1976 u'-v' space.");
+}
+
+// --- Tables ------------------------------------------------------------------------------------
+
+void VantrelGUI::fillWavelengthColumns() {
+    const bool ir = irChk != nullptr && irChk->getCheck();
+    const int rows = ir ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS;
+    if (displayTable->getNumRows() != rows) displayTable->setTableSize(rows, 2);
+    for (int i = 0; i < rows; ++i) {
+        displayTable->setItemText(i, 0, FXString().format("%.0lf", 360.0 + 2.0 * i));
+    }
+    for (int r = 0; r < RANGE_FREE_FORMAT; ++r) {
+        const InputTableGrid grid = inputTableGrid(r, ir);
+        Table_zwk7* table = inputTables[r];
+        if (table->getNumRows() != grid.rows) table->setTableSize(grid.rows, 2);
+        for (int i = 0; i < grid.rows; ++i) {
+            table->setItemText(i, 0, FXString().format("%.0lf", grid.firstNm + grid.stepNm * i));
+            table->disableItem(i, 0);  // fixed wavelengths
+        }
+    }
+    setTableColumnTitles();
+}
+
+void VantrelGUI::setTableColumnTitles() {
+    const int units = std::clamp(settings.getInt("freeFormatInputUnitsIndex"), 0, 3);
+    Table_zwk7* tables[NUM_SPECTRUM_RANGES + 1] = {displayTable};
+    std::copy(std::begin(inputTables), std::end(inputTables), tables + 1);
+    for (Table_zwk7* table : tables) {
+        table->setColumnText(0, "Wavelength\n(nm)");
+        table->setColumnText(1, SPECTRUM_TITLES[units]);
+        if (table->getNumColumns() > 2) table->setColumnText(2, MATCHING_TITLES[units]);
+    }
+    if (inputUnitsCascade != nullptr) inputUnitsCascade->setText(UNITS_CASCADE_TITLES[units]);
+}
+
+void VantrelGUI::setSpectrumTableVisibility() {
+    const bool inputShown = analysisType == 1 || analysisType == 4 || analysisType == 7;
+    Table_zwk7* shown = inputShown ? inputTables[spectrumRange] : displayTable;
+    tableSwitcher->setCurrent(inputShown ? 1 + spectrumRange : 0);
+    FXMenuCommand* commands[3] = {editSelectAll, editCopy, editPaste};
+    for (FXMenuCommand* command : commands) command->setTarget(shown);
+    for (FXButton* button : tableButtons) button->setTarget(shown);
+}
+
+Table_zwk7* VantrelGUI::getShownTable() const {
+    const bool inputShown = analysisType == 1 || analysisType == 4 || analysisType == 7;
+    return inputShown ? inputTables[spectrumRange] : displayTable;
+}
+
+void VantrelGUI::setAnalysisType(int type) {
+    if (type < 0 || type > 8 || !isAnalysisTypeBuilt(type)) type = 1;
+    analysisType = type;
+    for (int t = 0; t < 9; ++t) analysisRadios[t]->setCheck(t == type);
+    updateCalculateButton();
+    setSpectrumTableVisibility();
+}
+
+void VantrelGUI::setSpectrumRange(int range) {
+    spectrumRange = std::clamp(range, 0, NUM_SPECTRUM_RANGES - 1);
+    // With IR only the free-format table reaches 1050 nm.
+    const bool ir = irChk->getCheck();
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
+        if (ir && r != RANGE_FREE_FORMAT) {
+            rangeRadios[r]->disable();
+        } else {
+            rangeRadios[r]->enable();
+        }
+    }
+    if (ir) spectrumRange = RANGE_FREE_FORMAT;
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) rangeRadios[r]->setCheck(r == spectrumRange);
+    settings.setInt("spectrumRange", spectrumRange);
+    setSpectrumTableVisibility();
+}
+
+void VantrelGUI::updateCalculateButton() {
+    const char* label = "Calculate";
+    if (analysisType == 3) label = "Optimize";
+    if (analysisType == 5 || analysisType == 8) label = "Plot";
+    calculateButton->setText(label);
+}
+
+long VantrelGUI::onCmdAnalysisType(FXObject* sender, FXSelector, void*) {
+    for (int t = 0; t < 9; ++t) {
+        if (sender == analysisRadios[t]) {
+            clearOutput();
+            setAnalysisType(t);
+        }
+    }
+    return 1;
+}
+
+long VantrelGUI::onCmdSpectrumRange(FXObject* sender, FXSelector, void*) {
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
+        if (sender == rangeRadios[r]) setSpectrumRange(r);
+    }
+    return 1;
+}
+
+long VantrelGUI::onCmdIRChk(FXObject*, FXSelector, void*) {
+    clearOutput();
+    fillWavelengthColumns();
+    setSpectrumRange(spectrumRange);
+    return 1;
+}
+
+long VantrelGUI::onCmdClearSpectrumData(FXObject*, FXSelector, void*) {
+    for (int i = 0; i < displayTable->getNumRows(); ++i) displayTable->setItemText(i, 1, "");
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
+        Table_zwk7* table = inputTables[r];
+        for (int i = 0; i < table->getNumRows(); ++i) {
+            table->setItemText(i, 1, "");
+            if (r == RANGE_FREE_FORMAT) table->setItemText(i, 0, "");
+        }
+    }
+    clearOutput();
+    return 1;
+}

@@ -1,0 +1,336 @@
+// The menu bar and the tool bar of the main window. Menus are tables: an entry with a handler
+// works; an entry bound to an option is a check or radio stored in the settings file; an entry
+// with neither belongs to a feature that is not in this build and stands greyed.
+#include <string>
+
+#include "AppConstants.h"
+#include "Fox_Fixes/Table_zwk7.h"
+#include "ValueFormat.h"
+#include "VantrelGUI.h"
+
+enum MenuItemKind { ITEM_COMMAND, ITEM_CHECK, ITEM_RADIO, ITEM_SEPARATOR, ITEM_CASCADE, ITEM_END };
+
+struct MenuItemDef {
+    std::string label;
+    MenuItemKind kind;
+    FXSelector id;       // 0: not in this build (greyed) unless bound to an option
+    const char* option;  // settings option of a check or radio, or nullptr
+    int value;           // the option's value for a radio
+};
+
+namespace {
+// Metric names that the menus put into their labels.
+constexpr const char* TM30_NAME = "TM-30-18";
+constexpr double IR_PERCENT_FOR_AUTO_CHECK = 0.5;
+
+MenuItemDef cmd(const std::string& label, FXSelector id = 0) {
+    return {label, ITEM_COMMAND, id, nullptr, 0};
+}
+MenuItemDef check(const std::string& label, const char* option) {
+    return {label, ITEM_CHECK, 0, option, 0};
+}
+MenuItemDef radio(const std::string& label, const char* option, int value) {
+    return {label, ITEM_RADIO, 0, option, value};
+}
+MenuItemDef sep() { return {"", ITEM_SEPARATOR, 0, nullptr, 0}; }
+MenuItemDef cascade(const std::string& label) { return {label, ITEM_CASCADE, 0, nullptr, 0}; }
+MenuItemDef end() { return {"", ITEM_END, 0, nullptr, 0}; }
+
+}  // namespace
+
+FXMenuPane* VantrelGUI::addMenu(const char* title, const MenuItemDef* items, int count) {
+    FXMenuPane* top = new FXMenuPane(this);
+    menuPanes.push_back(top);
+    new FXMenuTitle(menuBar, title, nullptr, top);
+    std::vector<FXMenuPane*> panes{top};
+    for (int i = 0; i < count; ++i) {
+        const MenuItemDef& item = items[i];
+        FXMenuPane* pane = panes.back();
+        FXWindow* widget = nullptr;
+        switch (item.kind) {
+            case ITEM_SEPARATOR:
+                new FXMenuSeparator(pane);
+                break;
+            case ITEM_CASCADE: {
+                FXMenuPane* sub = new FXMenuPane(this);
+                menuPanes.push_back(sub);
+                FXMenuCascade* cascadeItem =
+                    new FXMenuCascade(pane, item.label.c_str(), nullptr, sub);
+                if (item.label.rfind("Input units for spectra", 0) == 0)
+                    inputUnitsCascade = cascadeItem;
+                panes.push_back(sub);
+                break;
+            }
+            case ITEM_END:
+                if (panes.size() > 1) panes.pop_back();
+                break;
+            case ITEM_CHECK:
+                widget = new FXMenuCheck(pane, item.label.c_str(), this, ID_OPTION_CHECK);
+                optionBindings.push_back({widget, item.option, 1, false});
+                break;
+            case ITEM_RADIO:
+                widget = new FXMenuRadio(pane, item.label.c_str(), this, ID_OPTION_RADIO);
+                optionBindings.push_back({widget, item.option, item.value, true});
+                break;
+            case ITEM_COMMAND:
+                widget = new FXMenuCommand(pane, item.label.c_str(), nullptr,
+                                           item.id != 0 ? this : nullptr, item.id);
+                if (item.id == 0) widget->disable();
+                break;
+        }
+    }
+    return top;
+}
+
+void VantrelGUI::buildMenus() {
+    menuBar = new FXMenuBar(this, LAYOUT_SIDE_TOP | LAYOUT_FILL_X);
+    const std::string photometryName = PHOTOMETRY_FILE_NAME;
+
+    const MenuItemDef fileMenu[] = {
+        cmd("Open design file..."),
+        cmd("Save design as..."),
+        sep(),
+        cmd("Clear recent project list"),
+        sep(),
+        cmd(ValueFormat::format("Open %s file", photometryName.c_str())),
+        cmd("Open asa_out.txt file"),
+        sep(),
+        cmd("Exit", ID_QUIT)};
+    addMenu("File", fileMenu, std::size(fileMenu));
+
+    // The Edit entries act on the table shown; their target follows it.
+    FXMenuPane* edit = new FXMenuPane(this);
+    menuPanes.push_back(edit);
+    new FXMenuTitle(menuBar, "Edit", nullptr, edit);
+    editSelectAll = new FXMenuCommand(edit, "Select all", nullptr, nullptr, FXTable::ID_SELECT_ALL);
+    editCopy = new FXMenuCommand(edit, "Copy selection to clipboard", nullptr, nullptr,
+                                 FXTable::ID_COPY_SEL);
+    editPaste = new FXMenuCommand(edit, "Paste selection from clipboard", nullptr, nullptr,
+                                  FXTable::ID_PASTE_SEL);
+
+    std::vector<MenuItemDef> inputs = {
+        radio("Input power units (millWatts)", "inputWattsUnits", 0),
+        radio("Input power units (watts)", "inputWattsUnits", 1),
+        sep(),
+        radio("Fill empty input intensity fields with lumens", "defaultSpecUnits", 0),
+        radio("Fill empty input intensity fields with visible watts", "defaultSpecUnits", 1),
+        sep(),
+        radio("Input units for filters and colors as a fraction (0 to 1)", "colorsFiltersUnits", 0),
+        radio("Input units for filters and colors as a percent (0% to 100%)", "colorsFiltersUnits",
+              1),
+        sep()};
+    const int firstRangeItem = static_cast<int>(inputs.size());
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
+        inputs.push_back({inputTableGrid(r, false).label, ITEM_RADIO, 0, "spectrumRange", r});
+    }
+    const MenuItemDef moreInputs[] = {
+        cascade("Input units for spectra"),
+        radio("Watts/nm", "freeFormatInputUnitsIndex", 0),
+        radio("milliWatts/nm", "freeFormatInputUnitsIndex", 1),
+        radio("microWatts/nm", "freeFormatInputUnitsIndex", 2),
+        radio("Photons/(s-nm)", "freeFormatInputUnitsIndex", 3),
+        end(),
+        sep(),
+        cmd("Invert values in table"),
+        check("Hide the spectrum data when possible", "hideSpectrumDataMenuItem"),
+        check("Set empty cells in spectrum to 0", "zeroEmptyCellsMenuItem"),
+        check("Use orginal spectral intensity if lumens or watts are blank",
+              "useOriginalIntensititesMenuItem"),
+        sep(),
+        cmd("Clear spectrum data from table", ID_CLEAR_SPECTRUM_DATA),
+        cmd("Clear saved xy", ID_CLEAR_SAVED_XY),
+        cmd("Clear saved Rn", ID_CLEAR_SAVED_R),
+        check("Clear input data on start-up", "clearDataStartupMenuItem"),
+        cmd("Reset all program default values", ID_RESET_DEFAULTS),
+        sep(),
+        check(ValueFormat::format(
+                  "Include IR if any selected spectra have more then %.1lf%% of their "
+                  "intensity beyond 830 nm",
+                  IR_PERCENT_FOR_AUTO_CHECK),
+              "autoCheckIRForIRLEDs_Chk"),
+        cmd("Update decimal format", ID_UPDATE_DECIMAL_FORMAT)};
+    inputs.insert(inputs.end(), std::begin(moreInputs), std::end(moreInputs));
+    const std::size_t firstBinding = optionBindings.size();
+    addMenu("Inputs", inputs.data(), static_cast<int>(inputs.size()));
+    // The range radios also carry their own command so the tables switch at once.
+    for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
+        OptionBinding& binding = optionBindings[firstBinding + 6 + r];
+        rangeRadios[r] = static_cast<FXMenuRadio*>(binding.widget);
+    }
+    (void)firstRangeItem;
+
+    const std::string photometryXls = "photometry.xls";
+    const MenuItemDef outputs[] = {
+        cmd("Write current spectrum data to a text file..."),
+        sep(),
+        radio("Write x, y and Duv with 4 decimals", "numDecimalsFor_xyDuv_etc", 4),
+        radio("Write x, y and Duv with 6 decimals", "numDecimalsFor_xyDuv_etc", 6),
+        sep(),
+        cmd(ValueFormat::format("Write photometry data to a file (%s)", photometryName.c_str())),
+        cmd(ValueFormat::format("Write the gamuts, COI, Class A, TLCI && umol/J to the %s file",
+                                photometryName.c_str())),
+        cmd("Write abbreviated photometry in tabbed format"),
+        cmd(ValueFormat::format("Write photometry data to Excel (tab delimited) file (%s)",
+                                photometryXls.c_str())),
+        cmd(ValueFormat::format(
+            "Set the order of the photometry data written to the Excel (tab delimited) "
+            "file (%s)",
+            photometryXls.c_str())),
+        cmd(ValueFormat::format(
+            "Write u'v' for the R-values, Q-values, and any checked User Colors to Excel "
+            "file (%s)",
+            CRI_CQS_UPVP_FILENAME)),
+        cmd("Write the binning runs to a file"),
+        sep(),
+        radio("Gamut based on 1976 (u'v') diagram", "gamutType", 0),
+        radio("Gamut based on 1960 (uv) diagram", "gamutType", 1),
+        sep(),
+        cmd(ValueFormat::format("Use a blackbody spectrum reference for the %s", SSI_TITLE)),
+        cmd(ValueFormat::format("Use a daylight spectrum reference for the %s", SSI_TITLE)),
+        cmd(ValueFormat::format("Use a user spectrum reference for the %s", SSI_TITLE)),
+        check("Limit umol/s and umol/J to 400 nm to 700 nm", "constrain_uMol_sW_to_400_700nm")};
+    addMenu("Outputs", outputs, std::size(outputs));
+
+    const MenuItemDef matching[] = {cmd("Matching mode"),
+                                    cmd("Plot normalized data"),
+                                    cmd("Clear matching spectrum data"),
+                                    cmd("Unknown"),
+                                    cmd("Plot spectrum difference"),
+                                    cmd("Enter title for matching curve...")};
+    addMenu("Matching", matching, std::size(matching));
+
+    const MenuItemDef userSpectra[] = {
+        cmd("Save a user spectrum"),     cmd("Import spectra"), cmd("New user spectra file"),
+        cascade("Standard illuminates"), cmd("Create all"),     end()};
+    addMenu("User Spectra", userSpectra, std::size(userSpectra));
+    const MenuItemDef userFilters[] = {cmd("Save a user filter"), cmd("Import filters"),
+                                       cmd("New user filters file")};
+    addMenu("User Filters", userFilters, std::size(userFilters));
+    const MenuItemDef userColors[] = {cmd("Save a user color"), cmd("Import colors"),
+                                      cmd("New user colors file")};
+    addMenu("User Colors", userColors, std::size(userColors));
+
+    const MenuItemDef ciePlot[] = {cmd("Customize CIE plot...")};
+    addMenu("CIE Plot", ciePlot, std::size(ciePlot));
+    const MenuItemDef spectrumPlot[] = {cmd("Customize/Save spectrum plot...")};
+    addMenu("Spectrum Plot", spectrumPlot, std::size(spectrumPlot));
+    const MenuItemDef tm30[] = {cmd(ValueFormat::format(
+        "IES %s chroma shifts, hue shifts and Rf histograms for the %d hues", TM30_NAME, 16))};
+    addMenu(ValueFormat::format("IES %s", TM30_NAME).c_str(), tm30, std::size(tm30));
+    const MenuItemDef otherPlots[] = {cmd("Plot R-values or Q-values"), cmd("Show color patches")};
+    addMenu("Other Plots", otherPlots, std::size(otherPlots));
+
+    const MenuItemDef calculations[] = {
+        cmd("Calculate CIEDE2000 with user inputted values..."),
+        cmd("Calculate CCT, Duv, dominant WL and purity from x,y..."),
+        cmd("Calculate x,y from CCT && Duv..."),
+        cmd("Convert coordinates (xy/uv/u'v'/XYZ/L*a*b*)..."),
+        cmd("Convert between RGB, HSV and HSL systems"),
+        cmd("Convert Cx, Cy to RGB, HSV and HSL systems"),
+        cmd("Calculate gamut area coverage..."),
+        cmd("Calculate spectrum photon flux by regions"),
+        cmd("Calculate the black body locus && CCT lines..."),
+        cmd("Calculate coordinates of MacAdam ellipse or u'v' circle..."),
+        cmd("Calculate circadian system response..."),
+        cmd(ValueFormat::format("Calculate %s...", EML_TITLE)),
+        cmd("Calculate binning from x,y and lumens..."),
+        cmd("Calculate photometry from x,y and lumens..."),
+        cmd("Calculate 3 color mixing based on CCT && Duv or x,y..."),
+        cmd("Calculate maximum lumens from color mix..."),
+        cmd("Calculate color mixing based on spectra..."),
+        cmd("Multi-design optimization..."),
+        cmd("Resample spectrum..."),
+        cmd("Bin substitution..."),
+        cmd("Mix by sliders..."),
+        cmd("Color mix lamp design based on CCT..."),
+        cmd("Color mix lamp design based on x, y..."),
+        cmd("Two or three white LEDs lamp design based on x, y && lm..."),
+        cmd("Run combinations...")};
+    addMenu("Other Calculations", calculations, std::size(calculations));
+
+    const MenuItemDef otherOptions[] = {
+        cmd("Reset the working directory to the default", ID_RESET_WORKING_DIR),
+        cmd("Program font..."),
+        sep(),
+        cmd(ValueFormat::format("Write the R1-R%d colors to a file (%s%s)", 15,
+                                R_VALUES_USER_COLORS_NAME, ".cols")),
+        cmd(ValueFormat::format("Write the Q1-Q%d colors to a file (%s%s)", 15,
+                                Q_VALUES_USER_COLORS_NAME, ".cols")),
+        cmd(ValueFormat::format("Write the ColorChecker (TLCI) colors to a file (%s%s)",
+                                COLOR_CHECKER_COLORS_FILENAME, ".cols")),
+        cmd(ValueFormat::format("Write the CES colors to a file (%s%s)", CES_COLORS_FILENAME,
+                                ".cols")),
+        cmd(ValueFormat::format("Write the CES data to a file (%s)", CES_DATA_FILENAME)),
+        cmd("Write photometry coefficients to a file (8 files will be written)"),
+        cmd(ValueFormat::format("Write CIE horseshoe data to a file (%s)", HORSESHOE_FILE_NAME)),
+        cmd(ValueFormat::format("Write the predefined gamut points a file (%s)", GAMUT_FILE_NAME)),
+        sep(),
+        check("Play sounds", "playSoundsMenuItem"),
+        check("Enable sticky menus", "enableStickyMenuItem"),
+        check("Enable mouse wheel in LEDs input fields (lDom, bin width and output)",
+              "mouseWheelForLEDsMenuItem"),
+        sep(),
+        radio("Show all standard LEDs", "showLEDs", 0),
+        radio("Do not show generic pure color standard LEDs", "showLEDs", 1),
+        radio("Do not show IR standard LEDs", "showLEDs", 2),
+        radio("Do not show any standard LEDs", "showLEDs", 3),
+        sep(),
+        check(ValueFormat::format("Show CIE and CQS test colors and %s hue colors", TM30_NAME),
+              "showCIEtestColorsMenuItem"),
+        check("Show tab highlight colors", "colorTabs")};
+    addMenu("Other Options", otherOptions, std::size(otherOptions));
+
+    const MenuItemDef colorSystems[] = {
+        cmd("Natural Colour System (NCS)..."), cmd("Munsell colors..."),
+        cmd(ValueFormat::format("Write Munsell data to a tab delimited file (%s)",
+                                "MunsellColors.xls"))};
+    addMenu("Color Systems", colorSystems, std::size(colorSystems));
+
+    const MenuItemDef help[] = {
+        cmd(ValueFormat::format("%s web site", APP_NAME)),
+        cmd("Check the web site for updates now"),
+        check("Check for updates at start-up every 7 days", "checkForUpdatesEvery7Days_Menu"),
+        check("Check for updates at start-up every 30 days", "checkForUpdatesEvery30Days_Menu"),
+        sep(),
+        cmd("Open pdf User Guide"),
+        cmd("About...", ID_ABOUT)};
+    addMenu("Help", help, std::size(help));
+}
+
+void VantrelGUI::buildToolBar(FXComposite* parent) {
+    FXToolBar* bar = new FXToolBar(parent, LAYOUT_SIDE_TOP | LAYOUT_FILL_X | FRAME_RAISED);
+    struct ToolDef {
+        const char* text;
+        std::string tip;
+        FXSelector id;
+    };
+    const ToolDef tools[] = {
+        {"Photometry", ValueFormat::format("\tOpen %s file", PHOTOMETRY_FILE_NAME), 0},
+        {"Select all", "\tSelect entire table", FXTable::ID_SELECT_ALL},
+        {"Copy", "\tCopy selection to clipboard", FXTable::ID_COPY_SEL},
+        {"Paste", "\tPaste selection from clipboard", FXTable::ID_PASTE_SEL},
+        {"Clear", "\tClear input data or table", ID_CLEAR_SPECTRUM_DATA},
+        {"Undo", "\tUndo changes to table", 0},
+        {"Custom CIE", "\tMake custom CIE plots entering your own points", 0},
+        {"Save xy", "\tSave current x,y values for Duv and 3 color mixing calculations",
+         ID_ADD_XY_TO_ARRAY},
+        {"Save Rn", "\tSave current R-values and Q-values for plots", ID_ADD_RS_TO_ARRAY},
+        {"Clear xy", "\tClear the saved x,y values", ID_CLEAR_SAVED_XY},
+        {"Clear Rn", "\tClear the saved R-values and Q-values", ID_CLEAR_SAVED_R},
+        {"CIE plot", "\tCustomize CIE plot in main window, opens plot in new window", 0},
+        {"Spectrum plot", "\tCustomize/Save spectrum plot to file", 0},
+        {"R/Q plot", "\tPlot R-values or Q-values", 0},
+        {"Patches", "\tShow color patches", 0},
+        {"Photon flux", "\tCalculate spectrum photon flux by regions", 0}};
+    for (const ToolDef& tool : tools) {
+        const std::string label = std::string(tool.text) + tool.tip;
+        const bool tableCommand = tool.id == FXTable::ID_SELECT_ALL ||
+                                  tool.id == FXTable::ID_COPY_SEL ||
+                                  tool.id == FXTable::ID_PASTE_SEL;
+        FXButton* button = new FXButton(bar, label.c_str(), nullptr,
+                                        tool.id != 0 && !tableCommand ? this : nullptr, tool.id,
+                                        BUTTON_TOOLBAR | FRAME_RAISED | LAYOUT_CENTER_Y);
+        if (tool.id == 0) button->disable();
+        if (tableCommand) tableButtons.push_back(button);
+    }
+}
