@@ -101,6 +101,7 @@ VantrelGUI::~VantrelGUI() {
     for (FXMenuPane* pane : menuPanes) delete pane;
     // Once it is the application's normal font, the font lives as long as the application.
     if (getApp()->getNormalFont() != programFont) delete programFont;
+    delete menuTitleFont;
 }
 
 void VantrelGUI::create() {
@@ -108,6 +109,7 @@ void VantrelGUI::create() {
         programFont->create();
         getApp()->setNormalFont(programFont);
     }
+    if (menuTitleFont != nullptr) menuTitleFont->create();
     FXMainWindow::create();
     for (FXMenuPane* pane : menuPanes) pane->create();
     show(PLACEMENT_SCREEN);

@@ -106,7 +106,7 @@ void VantrelGUI::buildPlotSide(FXComposite* parent) {
     ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));
     spectrumPlotCanvas->setBackColor(FXRGB(255, 255, 255));
     resultTabs = new FXTabBook(split, this, ID_RESULT_TABS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    layoutMainResultsTab(resultTabs, 94, 84);
+    layoutMainResultsTab(resultTabs, 88, 78);
 }
 
 void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
@@ -114,7 +114,7 @@ void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int field
     FXScrollWindow* scroll =
         new FXScrollWindow(book, FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
     FXVerticalFrame* page = new FXVerticalFrame(scroll, LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    FXMatrix* grid = new FXMatrix(page, 5, MATRIX_BY_COLUMNS | LAYOUT_FILL_X);
+    FXMatrix* grid = new FXMatrix(page, 4, MATRIX_BY_COLUMNS | LAYOUT_FILL_X);
     for (int index : MAIN_TAB_FIELDS) {
         FXGroupBox* box = new FXGroupBox(grid, outputFieldName(index).c_str(),
                                          GROUPBOX_TITLE_CENTER | FRAME_GROOVE | LAYOUT_FIX_WIDTH, 0,

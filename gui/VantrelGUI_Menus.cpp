@@ -41,7 +41,8 @@ MenuItemDef end() { return {"", ITEM_END, 0, nullptr, 0}; }
 FXMenuPane* VantrelGUI::addMenu(const char* title, const MenuItemDef* items, int count) {
     FXMenuPane* top = new FXMenuPane(this);
     menuPanes.push_back(top);
-    new FXMenuTitle(menuBar, title, nullptr, top);
+    FXMenuTitle* menuTitle = new FXMenuTitle(menuBar, title, nullptr, top);
+    if (menuTitleFont != nullptr) menuTitle->setFont(menuTitleFont);
     std::vector<FXMenuPane*> panes{top};
     for (int i = 0; i < count; ++i) {
         const MenuItemDef& item = items[i];
@@ -84,6 +85,14 @@ FXMenuPane* VantrelGUI::addMenu(const char* title, const MenuItemDef* items, int
 
 void VantrelGUI::buildMenus() {
     menuBar = new FXMenuBar(this, LAYOUT_SIDE_TOP | LAYOUT_FILL_X);
+    // The titles take a font one step smaller than the program's, so that all of them, Help
+    // included, fit on a 1280 pixel wide screen (a FOX 1.6 menu bar does not wrap).
+    if (programFont != nullptr) {
+        FXFontDesc desc;
+        programFont->getFontDesc(desc);
+        desc.size = desc.size * 8 / 9;
+        menuTitleFont = new FXFont(getApp(), desc);
+    }
     const std::string photometryName = PHOTOMETRY_FILE_NAME;
 
     const MenuItemDef fileMenu[] = {
@@ -101,7 +110,8 @@ void VantrelGUI::buildMenus() {
     // The Edit entries act on the table shown; their target follows it.
     FXMenuPane* edit = new FXMenuPane(this);
     menuPanes.push_back(edit);
-    new FXMenuTitle(menuBar, "Edit", nullptr, edit);
+    FXMenuTitle* editTitle = new FXMenuTitle(menuBar, "Edit", nullptr, edit);
+    if (menuTitleFont != nullptr) editTitle->setFont(menuTitleFont);
     editSelectAll = new FXMenuCommand(edit, "Select all", nullptr, nullptr, FXTable::ID_SELECT_ALL);
     editCopy = new FXMenuCommand(edit, "Copy selection to clipboard", nullptr, nullptr,
                                  FXTable::ID_COPY_SEL);
