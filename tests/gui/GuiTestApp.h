@@ -1,12 +1,21 @@
-// One FOX application for the whole GUI test binary: FOX allows a single FXApp per process.
+// The one toolkit application of the window tests (FOX allows one per process).
 #ifndef LUMIVAR_TESTS_GUITESTAPP_H
 #define LUMIVAR_TESTS_GUITESTAPP_H
 
 #include <fx.h>
 
-// Made, initialised on the display and created on first use; lives until the process ends.
-FXApp* guiTestApp();
-// A created, never shown main window to parent the widgets under test.
-FXMainWindow* guiTestWindow();
+// Made and connected to the display at the first call.
+inline FXApp* guiTestApp() {
+    static FXApp* app = [] {
+        static int argc = 1;
+        static char name[] = "gui_tests";
+        static char* argv[] = {name, nullptr};
+        FXApp* a = new FXApp("LumivarTests", "zwk7");
+        a->init(argc, argv);
+        a->create();
+        return a;
+    }();
+    return app;
+}
 
 #endif  // LUMIVAR_TESTS_GUITESTAPP_H

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "GuiTestApp.h"
+#include "GuiTestWindow.h"
 #include "TextUtilities.h"
 
 namespace {
@@ -14,7 +14,7 @@ const FXColor BLACK = FXRGB(0, 0, 0);
 
 struct Parsed {
     int numPieces = -1;
-    TU::TEXT_POSITION positions[12];
+    TU::TEXT_POSITION positions[12] = {};
     FXString pieces[12];
     bool hasExponent = true;
 };

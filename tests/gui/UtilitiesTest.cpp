@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "GuiTestApp.h"
+#include "GuiTestWindow.h"
 #include "UserDialogs.h"
 #include "Utilities_zwk7.h"
 

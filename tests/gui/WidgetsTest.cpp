@@ -6,7 +6,7 @@
 
 #include "ComboBox_zwk7.h"
 #include "GroupBoxWithIcon.h"
-#include "GuiTestApp.h"
+#include "GuiTestWindow.h"
 #include "ListBox_zwk7.h"
 #include "Table_zwk7.h"
 #include "TextField_zwk7.h"
