@@ -1,49 +1,35 @@
 #include "NumberText.h"
 
-#include <cctype>
-
-namespace {
-bool isDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
-bool isSign(char c) { return c == '+' || c == '-'; }
-}  // namespace
-
 bool isValidDoubleText(const std::string& raw) {
     const std::size_t first = raw.find_first_not_of(" \t\r\n");
     if (first == std::string::npos) return false;
     const std::size_t last = raw.find_last_not_of(" \t\r\n");
     std::string text = raw.substr(first, last - first + 1);
-    int points = 0, commas = 0, exponents = 0, signs = 0, digits = 0;
-    std::size_t ePos = std::string::npos;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char& c = text[i];
+    int exponents = 0, marks = 0;
+    for (char& c : text) {
         if (c == 'e') c = 'E';
-        if (isDigit(c)) {
-            ++digits;
-        } else if (c == '.') {
-            ++points;
-        } else if (c == ',') {
-            ++commas;
-        } else if (c == 'E') {
-            ++exponents;
-            ePos = i;
-        } else if (isSign(c)) {
-            ++signs;
-        } else {
+        if (c == 'E') ++exponents;
+        if (c == '.' || c == ',') ++marks;
+    }
+    const std::size_t n = text.size();
+    if (exponents > 1 || marks > 1) return false;
+    if (text[n - 1] == '+' || text[n - 1] == '-') return false;
+    const std::size_t e = text.find('E');
+    const bool hasE = e != std::string::npos;
+    if (hasE && (e == 0 || e == n - 1)) return false;
+    bool digitBefore = false, digitAfter = false;
+    for (std::size_t i = 0; i < n; ++i) {
+        const char c = text[i];
+        if (c >= '0' && c <= '9') {
+            (hasE && i > e ? digitAfter : digitBefore) = true;
+        } else if (c == '+' || c == '-') {
+            // A sign leads the number or its exponent, nowhere else.
+            if (i != 0 && !(hasE && i == e + 1)) return false;
+        } else if (c == '.' || c == ',') {
+            if (hasE && i > e) return false;
+        } else if (c != 'E') {
             return false;
         }
     }
-    if (points > 1 || commas > 1 || exponents > 1 || digits == 0) return false;
-    if (isSign(text.back())) return false;
-    if (ePos == std::string::npos) {
-        // Without an exponent a sign may only lead ("1-2" and "--1" are no numbers).
-        return signs == 0 || (signs == 1 && isSign(text[0]));
-    }
-    if (ePos == 0 || ePos == text.size() - 1) return false;
-    if (signs > 2) return false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (isSign(text[i]) && i != 0 && i != ePos + 1) return false;
-        if (i > ePos && (text[i] == '.' || text[i] == ',')) return false;
-    }
-    const std::size_t afterE = isSign(text[ePos + 1]) ? ePos + 2 : ePos + 1;
-    return isDigit(text[ePos - 1]) && afterE < text.size() && isDigit(text[afterE]);
+    return digitBefore && (!hasE || digitAfter);
 }

@@ -4,10 +4,9 @@
 
 #include <string>
 
-// A table cell's number: trimmed, "e" taken as "E"; at most one ".", "," or "E"; no sign at the
-// end; without an "E" a sign only in front; with an "E" at most two signs, each leading or right
-// after the "E"; no "E" first or last, no point after it, a digit on both sides of it; only digits,
-// ".", ",", "E", "+", "-".
+// A table cell's number: trimmed, "e" taken as "E"; at most one "E" and one decimal mark ("."
+// or ","); a sign only in front of the number or of its exponent, never last; no mark in the
+// exponent; digits before the "E" and after it; nothing but digits, marks, "E" and signs.
 bool isValidDoubleText(const std::string& text);
 
 #endif  // LUMIVAR_CORE_NUMBERTEXT_H

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "ClipboardImage.h"
+#include "NumberText.h"
 #include "UserDialogs.h"
 #include "ValueFormat.h"
 
@@ -68,30 +69,7 @@ int Utilities_zwk7::getIndexFromKeyStr(const FXString& key) {
 }
 
 bool Utilities_zwk7::isValidDouble(const FXString& input) {
-    FXString text(input);
-    text.trim();
-    text.substitute('e', 'E');
-    const int n = text.length();
-    if (n == 0) return false;
-    if (text.contains('E') > 1) return false;
-    if (text.contains('.') + text.contains(',') > 1) return false;
-    if (text[n - 1] == '+' || text[n - 1] == '-') return false;
-    const int e = text.find('E');
-    if (e == 0 || e == n - 1) return false;
-    bool digitBefore = false, digitAfter = false;
-    for (int i = 0; i < n; ++i) {
-        const char ch = text[i];
-        if (ch >= '0' && ch <= '9') {
-            (e >= 0 && i > e ? digitAfter : digitBefore) = true;
-        } else if (ch == '+' || ch == '-') {
-            if (i != 0 && !(e >= 0 && i == e + 1)) return false;
-        } else if (ch == '.' || ch == ',') {
-            if (e >= 0 && i > e) return false;
-        } else if (ch != 'E') {
-            return false;
-        }
-    }
-    return digitBefore && (e < 0 || digitAfter);
+    return isValidDoubleText(input.text());
 }
 
 double Utilities_zwk7::min_d(int n, const double* values, int* index) {
