@@ -99,14 +99,18 @@ VantrelGUI::~VantrelGUI() {
     getApp()->removeTimeout(this, ID_MAIN_WINDOW_POSITION);
     getApp()->removeTimeout(this, ID_FIT_TO_SCREEN);
     for (FXMenuPane* pane : menuPanes) delete pane;
-    // Once it is the application's normal font, the font lives as long as the application.
-    if (getApp()->getNormalFont() != programFont) delete programFont;
+    // The application gets its own normal font back before the program font goes.
+    if (programFont != nullptr && getApp()->getNormalFont() == programFont) {
+        getApp()->setNormalFont(previousNormalFont);
+    }
+    delete programFont;
     delete menuTitleFont;
 }
 
 void VantrelGUI::create() {
     if (programFont != nullptr) {
         programFont->create();
+        previousNormalFont = getApp()->getNormalFont();
         getApp()->setNormalFont(programFont);
     }
     if (menuTitleFont != nullptr) menuTitleFont->create();

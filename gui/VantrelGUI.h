@@ -202,6 +202,7 @@ class VantrelGUI : public FXMainWindow {
     FXLabel* savedValuesLabel = nullptr;
     FXLabel* statusLabel = nullptr;
     FXFont* programFont = nullptr;
+    FXFont* previousNormalFont = nullptr;  // the application's font before the program's
     FXFont* menuTitleFont = nullptr;  // smaller titles on narrow screens
 
     // Menu checks and radios bound to settings options.
