@@ -223,12 +223,14 @@ TEST(ProgramSettings, ReportsFilesItCannotUseAndChangesNothing) {
 
 TEST(ProgramSettings, AHugeBinaryFileIsCutOffWithoutHarm) {
     std::string text = "<version>7.77\n";
-    const char chunk[] = "<\0a>\r\n5<<>\n>";
-    while (text.size() < SETTINGS_MAX_FILE_BYTES + (1u << 20)) text.append(chunk, sizeof chunk - 1);
+    const std::string chunk =
+        std::string("<\0a>\r\n5<<>\n>\n", 12) + std::string(80, '\x7f') + "\n<x>1\n";
+    while (text.size() < SETTINGS_MAX_FILE_BYTES + (1u << 20)) text += chunk;
     ProgramSettings s;
     const auto result = readText(s, text, true);
     EXPECT_EQ(result.status, Status::OK);
     EXPECT_EQ(s.fileVersion(), 7.77);
+    EXPECT_EQ(result.otherLines.size(), SETTINGS_MAX_OTHER_LINES);  // only the "<x>" lines
     // A million lines without a tag: the search for ">" must not run on past each line.
     EXPECT_EQ(readText(s, "<version>7.7\n" + std::string(1u << 20, '\n'), true).status, Status::OK);
 }
