@@ -34,7 +34,7 @@ constexpr std::size_t SETTINGS_MAX_OTHER_LINES = 200000;
 enum class OptionKind {
     INT,          // "%d"; a check box or menu check is 0 or 1, read as on when non-zero
     DOUBLE,       // written with the row's "%.<n>lf" format
-    UINT64,       // "%lu", seconds since 1970
+    UINT64,       // "%lu", an unsigned 64-bit count such as seconds since 1970
     STRING,       // the text as it stands, up to the line end
     STRING_LIST,  // one line for each non-empty entry, at most count of them
     INDEXED,      // count lines "%d %d": index, value
