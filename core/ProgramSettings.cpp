@@ -103,6 +103,13 @@ std::string oneLine(std::string s) {
     return s;
 }
 
+// "<name>" with a name of visible characters, as every writer of this format puts out.
+bool looksLikeTag(std::string_view tag) {
+    if (tag.size() < 3 || tag.front() != '<') return false;
+    return std::all_of(tag.begin() + 1, tag.end() - 1,
+                       [](char c) { return c > ' ' && c < 127 && c != '<' && c != '>'; });
+}
+
 // Reads at most SETTINGS_MAX_FILE_BYTES; *cut tells whether the stream held more.
 std::string readCapped(std::istream& in, bool* cut) {
     std::string text;
@@ -368,11 +375,16 @@ ProgramSettings::ReadResult ProgramSettings::read(std::istream& in, bool isIni) 
         std::size_t length = end - start;
         if (length > 0 && text[end - 1] == '\r') --length;
         // The search stays inside the line, so a long file without ">" takes linear time.
-        const std::size_t gt = std::string_view(text).substr(start, length).find('>');
-        if (length <= SETTINGS_MAX_LINE_LENGTH && gt != std::string_view::npos) {
-            std::string tag = text.substr(start, gt + 1);
-            std::string value = text.substr(start + gt + 1, length - gt - 1);
-            if (!assignLine(tag, value, isIni))
+        const std::string_view line = std::string_view(text).substr(start, length);
+        const std::size_t gt = line.find('>');
+        // Text before a ">" that no writer of this format puts out (binary data, a stray ">")
+        // is skipped at once.
+        if (length <= SETTINGS_MAX_LINE_LENGTH && gt != std::string_view::npos &&
+            looksLikeTag(line.substr(0, gt + 1))) {
+            std::string tag(line.substr(0, gt + 1));
+            std::string value(line.substr(gt + 1));
+            if (!assignLine(tag, value, isIni) &&
+                result.otherLines.size() < SETTINGS_MAX_OTHER_LINES)
                 result.otherLines.push_back({std::move(tag), std::move(value)});
         }
         start = end + 1;
@@ -381,7 +393,6 @@ ProgramSettings::ReadResult ProgramSettings::read(std::istream& in, bool isIni) 
 }
 
 bool ProgramSettings::assignLine(const std::string& tag, const std::string& value, bool isIni) {
-    if (tag.size() < 3 || tag.front() != '<') return false;
     const std::string name = tag.substr(1, tag.size() - 2);
     if (name == "version") {
         if (!parseNumber(value, &version)) version = 0;

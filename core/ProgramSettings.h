@@ -28,11 +28,13 @@ constexpr int ELLIPSE_CHOICE_COUNT = 11;
 constexpr std::size_t SETTINGS_MAX_FILE_BYTES = 32u << 20;
 // Longer lines are skipped.
 constexpr std::size_t SETTINGS_MAX_LINE_LENGTH = 1u << 20;
+// Lines of unknown tags handed back at most; a design with thousands of spectra stays far below.
+constexpr std::size_t SETTINGS_MAX_OTHER_LINES = 200000;
 
 enum class OptionKind {
     INT,          // "%d"; a check box or menu check is 0 or 1, read as on when non-zero
     DOUBLE,       // written with the row's "%.<n>lf" format
-    UINT64,       // "%lu", seconds since 1970
+    UINT64,       // "%lu", an unsigned 64-bit count such as seconds since 1970
     STRING,       // the text as it stands, up to the line end
     STRING_LIST,  // one line for each non-empty entry, at most count of them
     INDEXED,      // count lines "%d %d": index, value
@@ -65,6 +67,7 @@ class ProgramSettings {
         NOT_TAG_FORMAT,  // the first line has no "<": an older positional file, nothing was read
     };
     // A line whose tag the table doesn't know, as it stood: tag with "<" and ">", then the value.
+    // Only tags of visible characters are handed back.
     struct Line {
         std::string tag;
         std::string value;
