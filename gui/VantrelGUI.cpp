@@ -1,6 +1,8 @@
 // The main window: construction, start-up, settings, quit and the small commands.
 #include "VantrelGUI.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -138,7 +140,10 @@ void VantrelGUI::readSettings() {
     settingsReadFailed =
         settings.read(paths.settingsFile, true).status != ProgramSettings::ReadStatus::OK;
     if (settingsReadFailed) settings.setIniDefaults();
-    if (settings.getString("pathUserFilesDirectory").empty()) {
+    // A stored folder that is gone falls back to the per-user folder.
+    struct stat info;
+    const std::string userFiles = settings.getString("pathUserFilesDirectory");
+    if (userFiles.empty() || ::stat(userFiles.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) {
         settings.setString("pathUserFilesDirectory", paths.programDir);
     }
     settingsToWidgets();
