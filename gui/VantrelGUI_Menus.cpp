@@ -129,7 +129,6 @@ void VantrelGUI::buildMenus() {
         radio("Input units for filters and colors as a percent (0% to 100%)", "colorsFiltersUnits",
               1),
         sep()};
-    const int firstRangeItem = static_cast<int>(inputs.size());
     for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
         inputs.push_back({inputTableGrid(r, false).label, ITEM_RADIO, 0, "spectrumRange", r});
     }
@@ -160,14 +159,10 @@ void VantrelGUI::buildMenus() {
               "autoCheckIRForIRLEDs_Chk"),
         cmd("Update decimal format", ID_UPDATE_DECIMAL_FORMAT)};
     inputs.insert(inputs.end(), std::begin(moreInputs), std::end(moreInputs));
-    const std::size_t firstBinding = optionBindings.size();
     addMenu("Inputs", inputs.data(), static_cast<int>(inputs.size()));
-    // The range radios also carry their own command so the tables switch at once.
     for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
-        OptionBinding& binding = optionBindings[firstBinding + 6 + r];
-        rangeRadios[r] = static_cast<FXMenuRadio*>(binding.widget);
+        rangeRadios[r] = static_cast<FXMenuRadio*>(getOptionWidget("spectrumRange", r));
     }
-    (void)firstRangeItem;
 
     const std::string photometryXls = "photometry.xls";
     const MenuItemDef outputs[] = {
