@@ -9,6 +9,7 @@
 #include "AppConstants.h"
 #include "ResultFields.h"
 #include "SpectrumFile.h"
+#include "ValueFormat.h"
 #include "Vantrel.h"
 
 namespace {
@@ -32,6 +33,27 @@ std::string preciseText(const ResultField& field) {
     char buf[40];
     std::snprintf(buf, sizeof buf, "%.10g", field.value);
     return buf;
+}
+
+// The printed columns: every output field that says something about a spectrum alone, in
+// field order, then the circadian figures when they were asked for.
+std::vector<ResultField> printedFields(const SpectrumResults& results) {
+    std::vector<ResultField> printed;
+    const std::vector<ResultField> fields = outputFieldValues(results);
+    for (int i = 0; i < NUM_OUTPUT_FIELDS; ++i) {
+        if (fieldHasMeaningForSpectrumFile(i)) printed.push_back(fields[i]);
+    }
+    if (results.hasCircadian) {
+        // As the circadian window prints them: CLA "%.0lf", CS in percent "%.1lf".
+        const bool valid = results.circadianValid;
+        printed.push_back({"CLA",
+                           valid ? ValueFormat::format("%.0lf", results.cla) : UNDEFINED_TERM,
+                           valid, results.cla});
+        printed.push_back(
+            {"CS", valid ? ValueFormat::format("%.1lf", 100.0 * results.cs) : UNDEFINED_TERM, valid,
+             100.0 * results.cs});
+    }
+    return printed;
 }
 
 void printRow(std::ostream& out, const std::string& file, const std::vector<ResultField>& fields,
@@ -63,7 +85,9 @@ bool calcFile(const std::string& file, int observer, double csLux, bool precise,
     // depend on the files before it.
     SpectrumCalculator calculator;
     calculator.setObserver(observer);
-    printRow(out, file, mainResultFields(calculator.calculate(grid, csLux)), precise);
+    CalculationOptions options;
+    options.csLux = csLux;
+    printRow(out, file, printedFields(calculator.calculate(grid, options)), precise);
     return read.firstNegativeLine == 0;
 }
 
@@ -150,7 +174,7 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     out << "file";
     SpectrumResults columns;
     columns.hasCircadian = csLux > 0.0;
-    for (const ResultField& field : mainResultFields(columns)) out << '\t' << field.name;
+    for (const ResultField& field : printedFields(columns)) out << '\t' << field.name;
     out << '\n';
 
     int status = EXIT_ALL_GOOD;

@@ -104,18 +104,16 @@ bool VantrelGUI::calculateDirectInput() {
 }
 
 void VantrelGUI::showResults(const SpectrumResults& results) {
-    const int decimals = settings.getInt("numDecimalsFor_xyDuv_etc") == 6 ? 6 : 4;
-    for (const ResultField& field : mainResultFields(results, decimals)) {
-        const int index = outputFieldIndex(field.name);
-        if (index < 0) continue;
-        outputFields[index].value = field.text;
-        if (resultFields[index] != nullptr) resultFields[index]->setText(field.text.c_str());
+    FieldFormat format;
+    format.numDecimals = settings.getInt("numDecimalsFor_xyDuv_etc") == 6 ? 6 : 4;
+    // Power in the chosen units (milliwatts by default).
+    format.wattsFactor = settings.getInt("inputWattsUnits") == 0 ? 1000.0 : 1.0;
+    const std::vector<ResultField> fields = outputFieldValues(results, MixResults(), format);
+    for (int index = 0; index < NUM_OUTPUT_FIELDS; ++index) {
+        outputFields[index].value = fields[index].text;
+        if (resultFields[index] != nullptr)
+            resultFields[index]->setText(fields[index].text.c_str());
     }
-    // Visible watts in the chosen power units (milliwatts by default).
-    const double wattsFactor = settings.getInt("inputWattsUnits") == 0 ? 1000.0 : 1.0;
-    const std::string watts = ValueFormat::getValueAsString(results.wattsVis * wattsFactor);
-    outputFields[1].value = watts;
-    resultFields[1]->setText(watts.c_str());
 }
 
 void VantrelGUI::clearOutput() {

@@ -19,6 +19,12 @@ const ResultField& byName(const std::vector<ResultField>& fields, const std::str
     return missing;
 }
 
+FieldFormat sixDecimals() {
+    FieldFormat format;
+    format.numDecimals = 6;
+    return format;
+}
+
 // A warm white near 2856 K on the locus, as the engine would report it.
 SpectrumResults warmWhite() {
     SpectrumResults r;
@@ -75,7 +81,7 @@ TEST(ValueFormat, RoundToDecimalsAddsHalfAStep) {
 }
 
 TEST(ResultFields, WarmWhiteShowsTheWindowFormats) {
-    const std::vector<ResultField> f = mainResultFields(warmWhite());
+    const std::vector<ResultField> f = outputFieldValues(warmWhite());
     const struct {
         const char* name;
         const char* text;
@@ -94,7 +100,7 @@ TEST(ResultFields, NegativeDistancesKeepTheirSignWhenVisible) {
     SpectrumResults r = warmWhite();
     r.duv = -0.0123;
     r.duv10 = -0.00012;
-    const std::vector<ResultField> f = mainResultFields(r, 6);
+    const std::vector<ResultField> f = outputFieldValues(r, {}, sixDecimals());
     EXPECT_EQ(byName(f, "Duv").text, "-0.012300");
     EXPECT_EQ(byName(f, "Duv (F,10)").text, "-0.000120");
     EXPECT_EQ(byName(f, "x").text, "0.447571");
@@ -109,7 +115,7 @@ TEST(ResultFields, ValuesWithoutMeaningShowNA) {
     r.wattsVis = 0.0;
     r.cct10 = 998.0;  // "<1000": no mired from it
     r.Z = std::numeric_limits<double>::infinity();
-    const std::vector<ResultField> f = mainResultFields(r);
+    const std::vector<ResultField> f = outputFieldValues(r);
     for (const char* name :
          {"CCT", "Mired", "dom WL", "Purity (%)", "S/P ratio", "LER", "Z", "COI", "SSI"}) {
         EXPECT_EQ(byName(f, name).text, "N/A") << name;
@@ -125,7 +131,7 @@ TEST(ResultFields, RefusedTm30AndFailedTlciShowNA) {
     r.hueShift[3] = 0.123;
     r.tlciQa = 79.5;
     r.tlciD = 0.04;
-    std::vector<ResultField> f = mainResultFields(r);
+    std::vector<ResultField> f = outputFieldValues(r);
     EXPECT_EQ(byName(f, "Rf").text, "85");
     EXPECT_EQ(byName(f, "Rcs,h1").text, "-13%");  // half away from zero
     EXPECT_EQ(byName(f, "Rhs,h4").text, "0.12");
@@ -134,7 +140,7 @@ TEST(ResultFields, RefusedTm30AndFailedTlciShowNA) {
 
     r.tm30Error = true;
     r.tlciQa = Vantrel::TLCI_FAILED;
-    f = mainResultFields(r);
+    f = outputFieldValues(r);
     for (const char* name :
          {"Rf", "Rg", "Rf,skin", "Rfh,1", "Rhs,h16", "Rcs,h8", "TLCI Qa", "TLCI d"}) {
         EXPECT_EQ(byName(f, name).text, "N/A") << name;
@@ -146,10 +152,92 @@ TEST(ResultFields, CoiIsShownFrom3300To5300KelvinOnly) {
     r.coi = 4.26;
     for (double cct : {3299.9, 5300.1}) {
         r.cct = cct;
-        EXPECT_EQ(byName(mainResultFields(r), "COI").text, "N/A") << cct;
+        EXPECT_EQ(byName(outputFieldValues(r), "COI").text, "N/A") << cct;
     }
     r.cct = 3300.0;
-    EXPECT_EQ(byName(mainResultFields(r), "COI").text, "4.3");
+    EXPECT_EQ(byName(outputFieldValues(r), "COI").text, "4.3");
     r.film3200K[2] = 0.0;  // no red response
-    EXPECT_EQ(byName(mainResultFields(r), "W (G/R)").text, "NAN");
+    EXPECT_EQ(byName(outputFieldValues(r), "W (G/R)").text, "NAN");
+}
+
+TEST(ResultFields, EveryFieldSitsAtItsNumberWithItsLabel) {
+    const std::vector<ResultField> f = outputFieldValues(warmWhite());
+    ASSERT_EQ(f.size(), static_cast<size_t>(NUM_OUTPUT_FIELDS));
+    for (int i = 0; i < NUM_OUTPUT_FIELDS; ++i) {
+        EXPECT_EQ(f[i].name, outputFieldName(i)) << i;
+        EXPECT_FALSE(f[i].text.empty()) << f[i].name;
+    }
+    EXPECT_EQ(f[1].text, "5.43");
+    EXPECT_EQ(f[23].text, "0.4476");
+    EXPECT_EQ(f[147].text, "N/A") << "Input mA comes from lamp designs only";
+}
+
+TEST(ResultFields, MixFieldsNeedTheirInputs) {
+    SpectrumResults r = warmWhite();
+    r.umolPerSecond = 20.0;
+    FieldFormat milliwatts;
+    milliwatts.wattsFactor = 1000.0;
+    std::vector<ResultField> f = outputFieldValues(r, {}, milliwatts);
+    for (const char* name : {"LPW", "Elec. W", "umol/J (wp)", "RMS", "max dE*", "Blue watts",
+                             "Phos watts", "Total W", "Ext. lm"}) {
+        EXPECT_EQ(byName(f, name).text, "N/A") << name;
+    }
+    EXPECT_EQ(byName(f, "Vis watt").text, "5432");
+
+    MixResults mix;
+    mix.wallPlugKnown = true;
+    mix.electricalWatts = 10.0;
+    mix.bluePeakRun = mix.bluePeakRemoved = true;
+    mix.phosphorWatts = 4.0;
+    mix.rmsValid = true;
+    mix.rms = 0.1234;
+    r.includeIR = true;
+    r.totalWatts = 6.0;
+    f = outputFieldValues(r, mix, milliwatts);
+    EXPECT_EQ(byName(f, "LPW").text, "123");  // 1234.57 lm / 10 W
+    EXPECT_EQ(byName(f, "Elec. W").text, "10.0");
+    EXPECT_EQ(byName(f, "umol/J (wp)").text, "2.00");
+    EXPECT_EQ(byName(f, "Phos watts").text, "4000");
+    EXPECT_EQ(byName(f, "Blue watts").text, "2000");  // all 6 W minus the phosphor's 4 W
+    EXPECT_EQ(byName(f, "Total W").text, "6000");
+    EXPECT_EQ(byName(f, "RMS").text, "0.12");
+
+    mix.phosphorWatts = 7.0;  // more than there is: no blue left to show
+    EXPECT_EQ(byName(outputFieldValues(r, mix), "Blue watts").text, "N/A");
+}
+
+TEST(ResultFields, GamutFieldsFollowTheChosenPlane) {
+    SpectrumResults r = warmWhite();
+    r.gamutCRI[0] = 1.1111;
+    r.gamutCRI[1] = 2.2222;
+    r.criAreaUpVp[0] = 0.0061234;
+    r.criAreaUV[0] = 0.0041234;
+    FieldFormat uv;
+    uv.gamutInUV = true;
+    EXPECT_EQ(byName(outputFieldValues(r), "Gamut CRI").text, "1.111");
+    EXPECT_EQ(byName(outputFieldValues(r), "GA CRI").text, "612");
+    EXPECT_EQ(byName(outputFieldValues(r, {}, uv), "Gamut CRI").text, "2.222");
+    EXPECT_EQ(byName(outputFieldValues(r, {}, uv), "GA CRI").text, "412");
+    EXPECT_EQ(byName(outputFieldValues(r, {}, uv), "CRI gamut area u'v' test").text, "0.0061");
+}
+
+TEST(ResultFields, PhotometryStringsUseTheShownTextsAndTheDecimalMark) {
+    SpectrumResults r = warmWhite();
+    r.R[0] = 82.4;
+    r.R[9] = 11.6;
+    r.Q[0] = 80.5;
+    r.film3200K[0] = 50.0;
+    r.film3200K[1] = 80.0;
+    r.film3200K[2] = 100.0;
+    const std::vector<ResultField> f = outputFieldValues(r);
+    PhotometryStrings p = photometryStrings(r, f, false);
+    EXPECT_EQ(p.cri, "2856 K / 82 CRI / 12 R9 / -0.0000 Duv");
+    EXPECT_EQ(p.cqs, "2856 K / 81 CQS / -0.0000 Duv");
+    EXPECT_EQ(p.cri10, "2830 K / 82 CRI / 12 R9 / 0.0001 Du'v' (F10)");
+    EXPECT_EQ(p.filmBlock, "\nBGR (W): 50/80/100 (1.60)");
+    p = photometryStrings(r, f, true);
+    EXPECT_EQ(p.cqs10, "2830 K / 81 CQS / 0,0001 Du'v' (F10)");
+    EXPECT_EQ(p.filmBlock, "\nBGR (W): 50/80/100 (1,60)");
+    r.cct = 5000.0;  // the daylight film, which has no response here
+    EXPECT_EQ(photometryStrings(r, f, false).filmBlock, "\nBGR : N/A");
 }
