@@ -12,6 +12,9 @@ constexpr const char* DEFAULT_MAIN_NAME = "Main";
 constexpr const char* DEFAULT_MATCHING_NAME = "Matching";
 constexpr const char* R_VALUES_USER_COLORS_NAME = "R_values";
 constexpr const char* Q_VALUES_USER_COLORS_NAME = "Q_values";
+// Override file of the pure-colour LED peak table in the program folder, put into "%s.txt";
+// the program writes its table in use to "%s_current.txt".
+constexpr const char* COLOR_REFEF_FILENAME = "LumivarColorLEDdef";
 constexpr const char* CES_COLORS_FILENAME = "CES_colors";
 constexpr const char* COLOR_CHECKER_COLORS_FILENAME = "ColorChecker_colors";
 constexpr const char* CES_DATA_FILENAME = "CES_data.xls";
