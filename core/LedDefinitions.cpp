@@ -325,7 +325,10 @@ void LedDefinitions::defineFixedRow(int index, ledTypeStruct* out) const {
     out->binShift = 0;
     out->lumens = row.lumens;
     out->wattsVis = row.wattsVis;
-    out->wattsVisIR = row.wattsVis;
+    // An IR LED is mixed by its power to 1050 nm: with only its visible watts it could never be
+    // used with IR on. The other rows have no power there, and keep their visible watts.
+    out->wattsVisIR = row.hasIRpast830 ? Vantrel::getSpectralWatts(N_IR, out->spectrum, 2.0)
+                                       : row.wattsVis;
     if (index == FIRST_FIXED_ROW) {
         out->lpw = row.lumens / 0.7;  // far red: 0.7 W electrical
     } else if (index >= FIRST_WHITE_LED) {

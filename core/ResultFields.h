@@ -99,6 +99,8 @@ class SpectrumCalculator {
     // spectrum: W/nm on the 2 nm grid from 360 nm, Vantrel::NUM_GRID_POINTS values, or
     // NUM_GRID_POINTS_IR with options.includeIR.
     SpectrumResults calculate(const double* spectrum, const CalculationOptions& options = {});
+    // The first engine, for the reference spectra it defines.
+    const Vantrel& firstEngine() const { return engine; }
 
   private:
     void otherIndices(const double* spectrum, int ssiReference, SpectrumResults& r);

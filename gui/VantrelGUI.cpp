@@ -4,11 +4,13 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "AppConstants.h"
 #include "ArgbColor.h"
 #include "Fox_Fixes/Table_zwk7.h"
+#include "Fox_Fixes/TextField_zwk7.h"
 #include "ProgramFolder.h"
 #include "UserDialogs.h"
 #include "ValueFormat.h"
@@ -38,6 +40,18 @@ VantrelGUIMap[] = {
               VantrelGUI::onCmdMainWindowPosition),
     FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_FIT_TO_SCREEN, VantrelGUI::onCmdFitToScreenSize),
     FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_PLOT_CANVAS, VantrelGUI::onCmdRedraw),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_LED, VantrelGUI::onCmdCheckedLED),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_FILTER, VantrelGUI::onCmdCheckedFilter),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_COLOR, VantrelGUI::onCmdCheckedColor),
+    FXMAPFUNC(SEL_MOUSEWHEEL, VantrelGUI::ID_LED_FIELD, VantrelGUI::onMouseLedField),
+    FXMAPFUNC(SEL_KEYPRESS, VantrelGUI::ID_BLACK_BODY_TEMP, VantrelGUI::onKeyPressBlackBodyTemp),
+    FXMAPFUNC(SEL_KEYPRESS, VantrelGUI::ID_DAYLIGHT_TEMP, VantrelGUI::onKeyPressBlackBodyTemp),
+    FXMAPFUNC(SEL_MOUSEWHEEL, VantrelGUI::ID_BLACK_BODY_TEMP, VantrelGUI::onMouseBlackBodyTemp),
+    FXMAPFUNC(SEL_MOUSEWHEEL, VantrelGUI::ID_DAYLIGHT_TEMP, VantrelGUI::onMouseBlackBodyTemp),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_STD_ILLUMINANT, VantrelGUI::ID_STD_ILLUMINANT_LAST,
+               VantrelGUI::onCmdStdIlluminant),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CREATE_GAUSSIAN, VantrelGUI::onCmdCreateGaussian),
 };
 
 FXIMPLEMENT(VantrelGUI, FXMainWindow, VantrelGUIMap, ARRAYNUMBER(VantrelGUIMap))
@@ -85,6 +99,7 @@ VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
     paths.settingsFile = paths.programDir + ValueFormat::format("%s.ini", APP_NAME);
     paths.photometryFile = paths.programDir + PHOTOMETRY_FILE_NAME;
     settings.setString("pathUserFilesDirectory", paths.programDir);
+    model = std::make_unique<CalculateModel>(paths.programDir);
 
     buildMenus();
     buildToolBar(this);
@@ -165,6 +180,14 @@ void VantrelGUI::settingsToWidgets() {
     spectrumRange = std::clamp(settings.getInt("spectrumRange"), 0, NUM_SPECTRUM_RANGES - 1);
     setAnalysisType(settings.getInt("analysisType"));
     setSpectrumRange(spectrumRange);
+    blackBodyTempField->setText(
+        FXString().format("%d", settings.getInt("blackBodyTemperatureK_TF")));
+    daylightTempField->setText(
+        FXString().format("%d", settings.getInt("syntheticDaylightType_TF")));
+    setWattsColumnTitle();
+    setShowLEDs();
+    enableDisableLEDchecks();
+    setTabColors();
 }
 
 void VantrelGUI::widgetsToSettings() {
@@ -179,6 +202,12 @@ void VantrelGUI::widgetsToSettings() {
     }
     settings.setInt("analysisType", analysisType);
     settings.setInt("spectrumRange", spectrumRange);
+    settings.setInt(
+        "blackBodyTemperatureK_TF",
+        static_cast<int>(std::lround(fieldValue(blackBodyTempField->getText().text(), 2856.0))));
+    settings.setInt(
+        "syntheticDaylightType_TF",
+        static_cast<int>(std::lround(fieldValue(daylightTempField->getText().text(), 6500.0))));
     settings.setBool("irChk", irChk->getCheck());
     settings.setBool("binningChk", binningChk->getCheck());
     settings.setBool("removeBluePeakChk", bluePeakChk->getCheck());
@@ -258,6 +287,7 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
     for (const OptionBinding& binding : optionBindings) {
         if (binding.widget != sender) continue;
         settings.setBool(binding.tag, static_cast<FXMenuCheck*>(binding.widget)->getCheck());
+        if (binding.tag == "colorTabs") setTabColors();
     }
     return 1;
 }
@@ -276,6 +306,7 @@ long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
         if (binding.widget == sender) tag = binding.tag, value = binding.value;
     }
     if (tag.empty()) return 1;
+    const bool changed = settings.getInt(tag) != value;
     for (const OptionBinding& binding : optionBindings) {
         if (binding.tag == tag) {
             static_cast<FXMenuRadio*>(binding.widget)->setCheck(binding.value == value);
@@ -286,8 +317,20 @@ long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
         setSpectrumRange(value);
     } else if (tag == "freeFormatInputUnitsIndex") {
         setTableColumnTitles();
-    } else if ((tag == "inputWattsUnits" || tag == "numDecimalsFor_xyDuv_etc") && resultsValid) {
-        showResults(lastResults);
+    } else if (tag == "inputWattsUnits") {
+        setWattsColumnTitle();
+        // A mix read its rows' watts in the old unit: its results no longer follow from them.
+        // Other results are shown again in the new unit.
+        if (changed && analysisType == 0) {
+            clearOutput();
+        } else if (resultsValid) {
+            showOutcome();
+        }
+    } else if (tag == "showLEDs") {
+        setShowLEDs();
+        enableDisableLEDchecks();
+    } else if ((tag == "numDecimalsFor_xyDuv_etc" || tag == "gamutType") && resultsValid) {
+        showOutcome();
     }
     return 1;
 }
@@ -296,7 +339,7 @@ long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
 
 long VantrelGUI::onCmdAddXYtoArray(FXObject*, FXSelector, void*) {
     if (!resultsValid || savedXY.size() >= MAX_SAVED_VALUES) return 1;
-    const SpectrumResults& r = lastResults;
+    const SpectrumResults& r = lastOutcome.results;
     savedXY.push_back({r.x, r.y, r.cct, r.x10, r.y10});
     setSavedValuesCaptions();
     return 1;
@@ -305,7 +348,7 @@ long VantrelGUI::onCmdAddXYtoArray(FXObject*, FXSelector, void*) {
 long VantrelGUI::onCmdAddRsToArray(FXObject*, FXSelector, void*) {
     if (!resultsValid || savedR.size() >= MAX_SAVED_VALUES) return 1;
     std::array<double, 16> values{};
-    std::copy(std::begin(lastResults.R), std::end(lastResults.R), values.begin());
+    std::copy(std::begin(lastOutcome.results.R), std::end(lastOutcome.results.R), values.begin());
     savedR.push_back(values);
     setSavedValuesCaptions();
     return 1;
@@ -355,8 +398,6 @@ long VantrelGUI::onCmdAbout(FXObject*, FXSelector, void*) {
                              "rendering and spectra.");
     return 1;
 }
-
-long VantrelGUI::onCmdResultTabs(FXObject*, FXSelector, void*) { return 1; }
 
 // The plot canvases stay blank until their plots are drawn into them.
 long VantrelGUI::onCmdRedraw(FXObject* sender, FXSelector, void* ptr) {

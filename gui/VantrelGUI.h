@@ -7,10 +7,12 @@
 #include <fx.h>
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "AddCommas.h"
+#include "CalculateModel.h"
 #include "DirectInput.h"
 #include "OutputField.h"
 #include "ProgramSettings.h"
@@ -18,6 +20,7 @@
 #include "TextToNumber.h"
 
 class Table_zwk7;
+class TextField_zwk7;
 struct MenuItemDef;
 
 // Where the program keeps its files, as main chose them.
@@ -61,6 +64,15 @@ class VantrelGUI : public FXMainWindow {
         ID_MAIN_WINDOW_POSITION,
         ID_FIT_TO_SCREEN,
         ID_PLOT_CANVAS,  // SEL_PAINT of the two plot canvases
+        ID_CHECKED_LED,
+        ID_LED_FIELD,  // mouse wheel over the dominant wavelength and bin fields
+        ID_CHECKED_FILTER,
+        ID_CHECKED_COLOR,
+        ID_BLACK_BODY_TEMP,
+        ID_DAYLIGHT_TEMP,
+        ID_STD_ILLUMINANT,  // 25 illuminants, then "Create all"
+        ID_STD_ILLUMINANT_LAST = ID_STD_ILLUMINANT + 25,
+        ID_CREATE_GAUSSIAN,
         ID_LAST
     };
 
@@ -84,6 +96,15 @@ class VantrelGUI : public FXMainWindow {
     long onCmdMainWindowPosition(FXObject*, FXSelector, void*);
     long onCmdFitToScreenSize(FXObject*, FXSelector, void*);
     long onCmdRedraw(FXObject*, FXSelector, void*);
+    long onCmdCalculateIndividual(FXObject*, FXSelector, void*);
+    long onCmdCheckedLED(FXObject*, FXSelector, void*);
+    long onCmdCheckedFilter(FXObject*, FXSelector, void*);
+    long onCmdCheckedColor(FXObject*, FXSelector, void*);
+    long onMouseLedField(FXObject*, FXSelector, void*);
+    long onKeyPressBlackBodyTemp(FXObject*, FXSelector, void*);
+    long onMouseBlackBodyTemp(FXObject*, FXSelector, void*);
+    long onCmdStdIlluminant(FXObject*, FXSelector, void*);
+    long onCmdCreateGaussian(FXObject*, FXSelector, void*);
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }
@@ -94,6 +115,9 @@ class VantrelGUI : public FXMainWindow {
     Table_zwk7* getDisplayTable() const { return displayTable; }
     Table_zwk7* getShownTable() const;
     FXMenuRadio* getRangeRadio(int spectrumRange) const { return rangeRadios[spectrumRange]; }
+    FXRadioButton* getAnalysisRadio(int type) const { return analysisRadios[type]; }
+    FXCheckButton* getBinningChk() const { return binningChk; }
+    FXButton* getCalculateButton() const { return calculateButton; }
     // The menu check or radio bound to an option (for a radio, the one of this value).
     FXWindow* getOptionWidget(const std::string& tag, int value = 1) const;
     // Text of a result field by its label ("Lumens", "x", ...), empty when it has none.
@@ -102,6 +126,25 @@ class VantrelGUI : public FXMainWindow {
     void setAnalysisType(int type);
     void setSpectrumRange(int range);
     bool hasResults() const { return resultsValid; }
+    // The spectrum rows: standard spectra first. field: a RowField bit.
+    int getNumSpectra() const { return static_cast<int>(ledRows.size()); }
+    FXCheckButton* getLedCheck(int row) const { return ledRows[row].check; }
+    TextField_zwk7* getLedField(int row, int field) const;
+    TextField_zwk7* getBlackBodyField() const { return blackBodyTempField; }
+    TextField_zwk7* getDaylightField() const { return daylightTempField; }
+    CalculateModel& getModel() { return *model; }
+    const std::vector<double>& getMixedSpectrum() const { return mixedSpectrum; }
+    const std::vector<SpectrumPoint>& getPoints() const { return points; }
+    const PhotometryStrings& getPhotometryStrings() const { return photometry; }
+    // A check of a spectrum row as a click does it; with `shift`, the second shifted click
+    // checks every row between the two.
+    void clickLedCheck(int row, bool shift);
+    // Runs the standard illuminant of this index (25: all of them) as its menu entry does.
+    void runStandardIlluminant(int index);
+    // The Gaussian spectrum of the dialog, put into the 360 to 830 nm table and calculated.
+    void generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
+                          bool save);
+    FXTabBook* getResultTabs() const { return resultTabs; }
     int numSavedXY() const { return static_cast<int>(savedXY.size()); }
     int numSavedR() const { return static_cast<int>(savedR.size()); }
     // Writes the settings file as Quit does, without quitting.
@@ -123,7 +166,16 @@ class VantrelGUI : public FXMainWindow {
     void buildInputSide(FXComposite* parent);
     void buildTables(FXComposite* parent);
     void buildPlotSide(FXComposite* parent);
+    void buildSpectraTab(FXComposite* page);
+    void buildTemperatureFields(FXComposite* parent);
     void layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
+    void layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
+    void layoutTM30_p2_ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
+    void layoutCQSResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
+    void layoutResultsTab4(FXTabBook* book, int labelWidth, int fieldWidth);
+    void layoutFieldsTab(FXTabBook* book, const char* title, const std::vector<int>& fields,
+                         int columns, int labelWidth, int fieldWidth);
+    void setTabColors();
     FXMenuPane* addMenu(const char* title, const MenuItemDef* items, int count);
 
     // Start-up and settings.
@@ -144,15 +196,42 @@ class VantrelGUI : public FXMainWindow {
     double getSpectrumTypeInputUnitsFactor() const;
     DirectInputOptions directInputOptions() const;
 
+    // Spectrum rows.
+    ledInputDataStruct readLedRow(int row) const;
+    void writeLedRow(int row, const ledInputDataStruct& data);
+    void saveStdLedValues(int n);
+    void restoreStdLedValues(int n);
+    void setShowLEDs();
+    void enableDisableLEDchecks();
+    void writeUserSpecDefaultLPW(bool overwrite);
+    void setSpectraTabText();
+    void setWattsColumnTitle();
+    void resetBeforeCalculate();
+    void defineStdSpectra(int index, double lDom);
+
     // Calculate.
+    MixSettings mixSettings(bool fromButton = false) const;
+    FieldFormat fieldFormat() const;
     bool calculateDirectInput();
-    void showResults(const SpectrumResults& results);
-    void clearOutput();
+    bool calculateMix(bool fromButton);
+    bool calculateReference();
+    bool calculateFilterColorInput();
+    bool plotFilterType();
+    bool plotColorType();
+    bool checkBlackBodyInputs(double* temperature, FXuint keyOrZero);
+    bool checkDaylightInputs(double* temperature, FXuint keyOrZero);
+    void writeSpectrumColumn(const double* spectrum, int numPoints);
+    std::vector<double> readSpectrumColumn(int numPoints) const;
+    void showMixError(const MixRows& rows);
+    void showOutcome();
+    void clearOutput(bool andPlots = true);
+    void updatePhotometryStrings();
     void updateCalculateButton();
     void setSavedValuesCaptions();
 
-    // Owned objects: two engines in the calculator, number helpers, settings.
-    SpectrumCalculator calculator;
+    // Owned objects: the LED definitions and both engines in the model, number helpers,
+    // settings.
+    std::unique_ptr<CalculateModel> model;
     TextToNumber textToNumber;
     AddCommas addCommas;
     ProgramSettings settings;
@@ -162,8 +241,17 @@ class VantrelGUI : public FXMainWindow {
     int analysisType = 1;
     int spectrumRange = RANGE_360_830_2NM;
     bool resultsValid = false;
-    SpectrumResults lastResults;
+    CalculateOutcome lastOutcome;
     std::vector<double> mixedSpectrum;
+    std::vector<double> plotWavelengths;
+    std::vector<SpectrumPoint> points;
+    PhotometryStrings photometry;
+    std::string mainCurveName, savedMainCurveName;
+    bool matchingValid = false;
+    bool individualMode = false;
+    std::vector<ledTypeStruct> filterSpectra, colorSpectra;  // from the user libraries
+    std::vector<ledInputDataStruct> savedLedValues;
+    int shiftFirst = -1;  // the first of a shift-clicked pair of spectrum checks
     std::vector<std::array<double, 5>> savedXY;  // x, y, CCT, x 10°, y 10°
     std::vector<std::array<double, 16>> savedR;  // Ra, R1 to R15
     OutputField outputFields[NUM_OUTPUT_FIELDS];
@@ -179,6 +267,19 @@ class VantrelGUI : public FXMainWindow {
     FXTabItem* filtersTab = nullptr;
     FXTabItem* colorsTab = nullptr;
     FXTabItem* optimizationTab = nullptr;
+    FXLabel* numCheckedLabel = nullptr;
+    FXMatrix* ledMatrix = nullptr;
+    FXLabel* wattsColumnLabel = nullptr;
+    struct LedRowWidgets {
+        FXCheckButton* check = nullptr;
+        TextField_zwk7* fields[6] = {};  // lDom, lumens, watts, bin width, bin output, LPW
+        FXCheckButton* holdConstant = nullptr;
+    };
+    std::vector<LedRowWidgets> ledRows;
+    std::vector<FXWindow*> ledSeparators;
+    std::vector<FXCheckButton*> filterChecks, colorChecks;
+    TextField_zwk7* blackBodyTempField = nullptr;
+    TextField_zwk7* daylightTempField = nullptr;
     FXRadioButton* analysisRadios[9] = {};
     FXButton* calculateButton = nullptr;
     FXButton* calIndividualButton = nullptr;
@@ -198,12 +299,13 @@ class VantrelGUI : public FXMainWindow {
     FXCanvas* ciePlotCanvas = nullptr;
     FXCanvas* spectrumPlotCanvas = nullptr;
     FXTabBook* resultTabs = nullptr;
+    std::vector<FXTabItem*> resultTabItems;
     FXTextField* resultFields[NUM_OUTPUT_FIELDS] = {};
     FXLabel* savedValuesLabel = nullptr;
     FXLabel* statusLabel = nullptr;
     FXFont* programFont = nullptr;
     FXFont* previousNormalFont = nullptr;  // the application's font before the program's
-    FXFont* menuTitleFont = nullptr;  // smaller titles on narrow screens
+    FXFont* menuTitleFont = nullptr;       // smaller titles on narrow screens
 
     // Menu checks and radios bound to settings options.
     struct OptionBinding {

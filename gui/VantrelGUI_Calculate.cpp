@@ -1,10 +1,13 @@
-// Calculate: the direct-input path from an input table to the result fields.
+// Calculate: reads the rows, the tables and the options into records, lets the model compute,
+// and shows its boxes, red fields and results.
+#include <algorithm>
 #include <cmath>
 
 #include "AppConstants.h"
 #include "ArgbColor.h"
 #include "CellColors.h"
 #include "Fox_Fixes/Table_zwk7.h"
+#include "Fox_Fixes/TextField_zwk7.h"
 #include "UserDialogs.h"
 #include "ValueFormat.h"
 #include "VantrelGUI.h"
@@ -32,8 +35,35 @@ DirectInputOptions VantrelGUI::directInputOptions() const {
     options.allowAboveOne = settings.getBool("allowFiltersGreaterThanOneMenu");
     options.zeroEmptyCells = settings.getBool("zeroEmptyCellsMenuItem");
     options.photons = settings.getInt("freeFormatInputUnitsIndex") == 3;
-    options.unitsFactor = getSpectrumTypeInputUnitsFactor();
+    options.unitsFactor =
+        analysisType == 4 || analysisType == 7 ? 1.0 : getSpectrumTypeInputUnitsFactor();
     return options;
+}
+
+MixSettings VantrelGUI::mixSettings(bool fromButton) const {
+    MixSettings s;
+    s.analysisType = analysisType;
+    s.includeIR = irChk->getCheck();
+    s.wattsInMilliwatts = settings.getInt("inputWattsUnits") == 0;
+    s.useOriginalIntensities = settings.getBool("useOriginalIntensititesMenuItem");
+    s.defaultSpecUnits = settings.getInt("defaultSpecUnits");
+    // A binning run reads the bin fields; it starts only from the button. The simulation
+    // itself is not in this build, so the check box stands greyed.
+    s.monteCarlo =
+        fromButton && analysisType == 0 && binningChk->isEnabled() && binningChk->getCheck();
+    s.limitUmolTo400_700 = settings.getBool("constrain_uMol_sW_to_400_700nm");
+    s.subtractBluePeak = bluePeakChk->getCheck();
+    s.ssiReference = settings.getInt("_referenceSpectrumForSSI") == 1 ? 1 : 0;
+    return s;
+}
+
+FieldFormat VantrelGUI::fieldFormat() const {
+    FieldFormat format;
+    format.numDecimals = settings.getInt("numDecimalsFor_xyDuv_etc") == 6 ? 6 : 4;
+    // Power in the chosen units (milliwatts by default).
+    format.wattsFactor = settings.getInt("inputWattsUnits") == 0 ? 1000.0 : 1.0;
+    format.gamutInUV = settings.getInt("gamutType") == 1;
+    return format;
 }
 
 InputRows VantrelGUI::readInputRows(Table_zwk7* table) const {
@@ -62,11 +92,116 @@ void VantrelGUI::showInputMessage(Table_zwk7* table, const InputMessage& message
     }
 }
 
-long VantrelGUI::onCmdCalculate(FXObject*, FXSelector, void*) {
-    clearOutput();
-    if (analysisType == 1) calculateDirectInput();
+void VantrelGUI::resetBeforeCalculate() {
+    photometry = PhotometryStrings();
+    for (LedRowWidgets& row : ledRows) {
+        for (TextField_zwk7* field : row.fields) field->setBackColor(getApp()->getBackColor());
+    }
+    blackBodyTempField->setBackColor(getApp()->getBackColor());
+    daylightTempField->setBackColor(getApp()->getBackColor());
+}
+
+void VantrelGUI::defineStdSpectra(int index, double lDom) {
+    model->definitions().defineStdSpectra(index, &model->spectra()[index], lDom);
+}
+
+long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
+    photometry = PhotometryStrings();
+    mainCurveName.clear();
+    resultsValid = false;
+    matchingValid = false;
+
+    // A checked spectrum with light beyond 830 nm turns the IR range on.
+    if (analysisType == 0 && settings.getBool("autoCheckIRForIRLEDs_Chk") && !irChk->getCheck()) {
+        for (int i = 0; i < getNumSpectra(); ++i) {
+            if (ledRows[i].check->getCheck() && model->spectra()[i].hasIRpast830) {
+                irChk->setCheck(true);
+                onCmdIRChk(nullptr, 0, nullptr);
+                break;
+            }
+        }
+    }
+
+    std::vector<bool> filtersChecked(filterChecks.size());
+    if (analysisType == 1 || analysisType == 4 || analysisType == 7) {
+        for (FXCheckButton* check : filterChecks) check->setCheck(false);
+    } else {
+        for (std::size_t f = 0; f < filterChecks.size(); ++f) {
+            filtersChecked[f] = filterChecks[f]->getCheck() == TRUE;
+        }
+        const int above = firstFilterAboveOne(filterSpectra, filtersChecked);
+        if (above >= 0 && !settings.getBool("allowFiltersGreaterThanOneMenu")) {
+            const CalcMessage warning = filterAboveOneWarning(
+                filterSpectra[above].name, settings.getInt("colorsFiltersUnits") == 1);
+            if (UserDialogs::warning(this, MBOX_YES_NO, warning.title.c_str(), "%s",
+                                     warning.text.c_str()) == MBOX_CLICKED_YES) {
+                settings.setBool("allowFiltersGreaterThanOneMenu", true);
+                settingsToWidgets();
+            }
+        }
+    }
+    double filters[Vantrel::NUM_GRID_POINTS_IR];
+    filterProduct(filterSpectra, filtersChecked, filters);
+
+    if (analysisType == 5) {
+        plotFilterType();
+        return 1;
+    }
+    if (analysisType == 8) {
+        plotColorType();
+        return 1;
+    }
+    resetBeforeCalculate();
+    getApp()->beginWaitCursor();
+    bool ok = false;
+    switch (analysisType) {
+        case 0:
+            ok = calculateMix(sender != nullptr && sender == calculateButton);
+            break;
+        case 1:
+            ok = calculateDirectInput();
+            break;
+        case 2:
+        case 6:
+            ok = calculateReference();
+            break;
+        case 4:
+        case 7:
+            calculateFilterColorInput();
+            break;
+        default:
+            break;
+    }
+    if (ok) showOutcome();
+    getApp()->endWaitCursor();
     return 1;
 }
+
+// --- The spectrum column of the display table ------------------------------------------------
+
+void VantrelGUI::writeSpectrumColumn(const double* spectrum, int numPoints) {
+    const bool photons = settings.getInt("freeFormatInputUnitsIndex") == 3;
+    if (displayTable->getNumRows() < numPoints) fillWavelengthColumns();
+    for (int i = 0; i < numPoints && i < displayTable->getNumRows(); ++i) {
+        const double nm = 360.0 + 2.0 * i;
+        const double v =
+            photons ? Vantrel::convert_to_Photons_Sec_from_Watts_nm(spectrum[i], nm) : spectrum[i];
+        displayTable->setItemText(i, 1, FXString().format("%.*le", 3, v));
+    }
+}
+
+std::vector<double> VantrelGUI::readSpectrumColumn(int numPoints) const {
+    std::vector<std::string> column(numPoints);
+    for (int i = 0; i < numPoints && i < displayTable->getNumRows(); ++i) {
+        column[i] = displayTable->getItemText(i, 1).text();
+    }
+    std::vector<double> spectrum =
+        spectrumFromColumn(column, settings.getInt("freeFormatInputUnitsIndex") == 3);
+    spectrum.resize(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    return spectrum;
+}
+
+// --- Analysis types ----------------------------------------------------------------------------
 
 bool VantrelGUI::calculateDirectInput() {
     Table_zwk7* table = inputTables[spectrumRange];
@@ -76,6 +211,7 @@ bool VantrelGUI::calculateDirectInput() {
     const DirectInputResult input = interpolateSpectrum(rows, options);
     if (input.error) {
         showInputMessage(table, input.message);
+        clearOutput();
         return false;
     }
     const int n = static_cast<int>(input.column.size());
@@ -85,42 +221,234 @@ bool VantrelGUI::calculateDirectInput() {
     InputMessage message;
     if (checkForEmptyCells(rows, options, &message)) {
         showInputMessage(table, message);
+        clearOutput();
         return false;
     }
     if (input.outOfRange) {
         showInputMessage(table, colorOutOfRangeWarning(options));
+        clearOutput();
         return false;
     }
-
     // What the display table shows, at its printed digits, is what is measured.
-    std::vector<std::string> column(n);
-    for (int i = 0; i < n; ++i) column[i] = displayTable->getItemText(i, 1).text();
-    mixedSpectrum = spectrumFromColumn(column, options.photons);
-    mixedSpectrum.resize(Vantrel::NUM_GRID_POINTS_IR, 0.0);
-    lastResults = calculator.calculate(mixedSpectrum.data());
-    resultsValid = true;
-    showResults(lastResults);
+    mixedSpectrum = readSpectrumColumn(n);
+    lastOutcome = model->calculateSpectrum(mixedSpectrum.data(), mixSettings(), fieldFormat());
     return true;
 }
 
-void VantrelGUI::showResults(const SpectrumResults& results) {
-    FieldFormat format;
-    format.numDecimals = settings.getInt("numDecimalsFor_xyDuv_etc") == 6 ? 6 : 4;
-    // Power in the chosen units (milliwatts by default).
-    format.wattsFactor = settings.getInt("inputWattsUnits") == 0 ? 1000.0 : 1.0;
-    const std::vector<ResultField> fields = outputFieldValues(results, MixResults(), format);
+bool VantrelGUI::checkBlackBodyInputs(double* temperature, FXuint keyOrZero) {
+    *temperature = fieldValue(blackBodyTempField->getText().text(), 0.0);
+    if ((keyOrZero & 0xFFFF) == 65) return false;
+    CalcMessage message;
+    if (!checkBlackBodyTemperature(temperature, &message)) return false;
+    blackBodyTempField->setText(FXString().format("%.0lf", *temperature));
+    blackBodyTempField->setBackColor(argbColor(ERROR_CELL_COLOR));
+    UserDialogs::error(this, message.title.c_str(), "%s", message.text.c_str());
+    return true;
+}
+
+bool VantrelGUI::checkDaylightInputs(double* temperature, FXuint keyOrZero) {
+    *temperature = fieldValue(daylightTempField->getText().text(), 0.0);
+    if ((keyOrZero & 0xFFFF) == 65) return false;
+    CalcMessage message;
+    if (!checkDaylightTemperature(temperature, &message)) return false;
+    daylightTempField->setText(FXString().format("%.0lf", *temperature));
+    daylightTempField->setBackColor(argbColor(ERROR_CELL_COLOR));
+    UserDialogs::error(this, message.title.c_str(), "%s", message.text.c_str());
+    return true;
+}
+
+bool VantrelGUI::calculateReference() {
+    double kelvin = 0;
+    const bool blackBody = analysisType == 2;
+    if (blackBody ? checkBlackBodyInputs(&kelvin, 0) : checkDaylightInputs(&kelvin, 0)) {
+        clearOutput();
+        return false;
+    }
+    const int numPoints =
+        irChk->getCheck() ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS;
+    std::vector<double> spectrum(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    if (blackBody) {
+        blackBodySpectrum(kelvin, numPoints, spectrum.data());
+        writeSpectrumColumn(spectrum.data(), numPoints);
+    } else {
+        daylightSpectrum(model->calculator().firstEngine(), kelvin, numPoints, spectrum.data());
+        // Daylight is written over the visible range only, deliberately narrower than the
+        // black body; the rest of the column keeps what it had.
+        writeSpectrumColumn(spectrum.data(), Vantrel::NUM_GRID_POINTS);
+    }
+    mixedSpectrum = readSpectrumColumn(numPoints);
+    lastOutcome = model->calculateSpectrum(mixedSpectrum.data(), mixSettings(), fieldFormat());
+    return true;
+}
+
+void VantrelGUI::showMixError(const MixRows& rows) {
+    if (rows.errorRow >= 0) {
+        for (int c = 0; c < 6; ++c) {
+            TextField_zwk7* field = ledRows[rows.errorRow].fields[c];
+            const int bits[6] = {ROW_LDOM,      ROW_LUMENS,     ROW_WATTS,
+                                 ROW_BIN_WIDTH, ROW_BIN_OUTPUT, ROW_LPW};
+            if (rows.errorFields & bits[c]) field->setBackColor(argbColor(ERROR_CELL_COLOR));
+        }
+    }
+    for (const CalcMessage& message : rows.messages) {
+        UserDialogs::error(this, message.title.c_str(), "%s", message.text.c_str());
+    }
+}
+
+bool VantrelGUI::calculateMix(bool fromButton) {
+    std::vector<ledInputDataStruct> rows(getNumSpectra());
+    for (int i = 0; i < getNumSpectra(); ++i) rows[i] = readLedRow(i);
+    std::vector<bool> filtersChecked(filterChecks.size());
+    for (std::size_t f = 0; f < filterChecks.size(); ++f) {
+        filtersChecked[f] = filterChecks[f]->getCheck() == TRUE;
+    }
+    double filters[Vantrel::NUM_GRID_POINTS_IR];
+    filterProduct(filterSpectra, filtersChecked, filters);
+    lastOutcome = model->calculateMix(rows, mixSettings(fromButton), filters, fieldFormat());
+    // "Use original" may have filled blank rows; the rows show what was used.
+    for (int i = 0; i < getNumSpectra(); ++i) {
+        if (rows[i].checked) writeLedRow(i, rows[i]);
+    }
+    if (!lastOutcome.ok) {
+        showMixError(lastOutcome.rows);
+        clearOutput();
+        return false;
+    }
+    const int numPoints =
+        irChk->getCheck() ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS;
+    for (int i = 0; i < displayTable->getNumRows(); ++i) displayTable->setItemText(i, 1, "");
+    mixedSpectrum = lastOutcome.mixedSpectrum;
+    writeSpectrumColumn(mixedSpectrum.data(), numPoints);
+    points = lastOutcome.points;
+    return true;
+}
+
+bool VantrelGUI::calculateFilterColorInput() {
+    Table_zwk7* table = inputTables[spectrumRange];
+    clearCellBackColors(table);
+    const DirectInputOptions options = directInputOptions();
+    const InputRows rows = readInputRows(table);
+    const DirectInputResult input = interpolateSpectrum(rows, options);
+    if (input.error) {
+        showInputMessage(table, input.message);
+        clearOutput();
+        return false;
+    }
+    if (input.outOfRange) showInputMessage(table, colorOutOfRangeWarning(options));
+    mixedSpectrum.assign(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    for (std::size_t i = 0; i < input.column.size() && i < mixedSpectrum.size(); ++i) {
+        mixedSpectrum[i] = fieldValue(input.column[i]);
+    }
+    plotWavelengths.resize(Vantrel::NUM_GRID_POINTS_IR);
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) plotWavelengths[i] = 360.0 + 2.0 * i;
+    resultsValid =
+        std::any_of(mixedSpectrum.begin(), mixedSpectrum.end(), [](double v) { return v > 1e-60; });
+    return false;  // plotted only: no result fields
+}
+
+bool VantrelGUI::plotFilterType() {
+    int first = -1;
+    for (std::size_t f = 0; f < filterChecks.size() && first < 0; ++f) {
+        if (filterChecks[f]->getCheck()) first = static_cast<int>(f);
+    }
+    if (first < 0) {
+        UserDialogs::error(this, "Plot error", "You must check at least 1 filter");
+        return false;
+    }
+    const double scale = settings.getInt("colorsFiltersUnits") == 1 ? 100.0 : 1.0;
+    mixedSpectrum.assign(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    plotWavelengths.resize(Vantrel::NUM_GRID_POINTS_IR);
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) {
+        mixedSpectrum[i] = filterSpectra[first].spectrum[i] * scale;
+        // A value in metres added to one in nanometres: deliberate, the plot depends on it.
+        plotWavelengths[i] = 3.9240000000000005e-07 + i * 2;
+    }
+    resultsValid = true;
+    return true;
+}
+
+bool VantrelGUI::plotColorType() {
+    int checked = 0, index = -1;
+    for (std::size_t c = 0; c < colorChecks.size(); ++c) {
+        if (colorChecks[c]->getCheck()) {
+            ++checked;
+            index = static_cast<int>(c);
+        }
+    }
+    if (checked != 1) {
+        UserDialogs::error(
+            this, "Color error", "%s",
+            checked == 0 ? "You must check a color to plot" : "You can only check 1 color to plot");
+        return false;
+    }
+    if (colorSpectra[index].isPrivate) {
+        UserDialogs::error(this, "Color error",
+                           "This data is marked as \"Private\" and cannot be plotted");
+        return false;
+    }
+    const double scale = settings.getInt("colorsFiltersUnits") == 1 ? 100.0 : 1.0;
+    mixedSpectrum.assign(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) {
+        mixedSpectrum[i] = colorSpectra[index].spectrum[i] * scale;
+    }
+    writeSpectrumColumn(mixedSpectrum.data(), Vantrel::NUM_GRID_POINTS);
+    mainCurveName = colorSpectra[index].name;
+    resultsValid = true;
+    return true;
+}
+
+// --- Results -----------------------------------------------------------------------------------
+
+void VantrelGUI::showOutcome() {
+    // A change of format (decimals, gamut plane) rewrites the same results.
+    lastOutcome.fields = outputFieldValues(lastOutcome.results, lastOutcome.mix, fieldFormat());
+    const std::vector<ResultField>& fields = lastOutcome.fields;
     for (int index = 0; index < NUM_OUTPUT_FIELDS; ++index) {
         outputFields[index].value = fields[index].text;
         if (resultFields[index] != nullptr)
             resultFields[index]->setText(fields[index].text.c_str());
     }
+    const char* tm30Tip = lastOutcome.results.tm30Error
+                              ? "TM-30-18 is only defined for Duv < +/- 0.1."
+                              : "IES TM-30-18 color fidelity and gamut.";
+    for (int index = 65; index <= 67; ++index) resultFields[index]->setTipText(tm30Tip);
+    FXWindow* maxDeltaEBox = resultFields[57]->getParent();
+    if (lastOutcome.mix.binningOn) {
+        maxDeltaEBox->show();
+    } else {
+        maxDeltaEBox->hide();
+    }
+    photometry =
+        photometryStrings(lastOutcome.results, fields, settings.getBool("replaceDecimalWithComma"));
+    if (lastOutcome.mix.bluePeakRemoved) {
+        savedMainCurveName = mainCurveName;
+        mainCurveName = BLUE_PEAK_CURVE_NAME;
+    }
+    plotWavelengths.resize(Vantrel::NUM_GRID_POINTS_IR);
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) plotWavelengths[i] = 360.0 + 2.0 * i;
+    resultsValid = true;
+    ciePlotCanvas->update();
+    spectrumPlotCanvas->update();
 }
 
-void VantrelGUI::clearOutput() {
-    resultsValid = false;
+void VantrelGUI::updatePhotometryStrings() {
+    if (resultsValid) {
+        photometry = photometryStrings(lastOutcome.results, lastOutcome.fields,
+                                       settings.getBool("replaceDecimalWithComma"));
+    }
+}
+
+void VantrelGUI::clearOutput(bool andPlots) {
     for (int i = 0; i < NUM_OUTPUT_FIELDS; ++i) {
         outputFields[i].value.clear();
         if (resultFields[i] != nullptr) resultFields[i]->setText("");
+    }
+    if (andPlots) {
+        resultsValid = false;
+        matchingValid = false;
+        points.clear();
+        ciePlotCanvas->update();
+        spectrumPlotCanvas->update();
     }
 }
 
@@ -129,4 +457,25 @@ FXString VantrelGUI::getResultText(const std::string& name) const {
     if (index < 0) return FXString();
     if (resultFields[index] != nullptr) return resultFields[index]->getText();
     return FXString(outputFields[index].value.c_str());
+}
+
+long VantrelGUI::onCmdCalculateIndividual(FXObject*, FXSelector, void*) {
+    std::vector<int> remembered;
+    for (int i = 0; i < getNumSpectra(); ++i) {
+        if (ledRows[i].check->getCheck()) remembered.push_back(i);
+        ledRows[i].check->setCheck(false);
+    }
+    if (remembered.empty()) return 1;
+    individualMode = true;
+    onCmdClearSavedXYArray(nullptr, 0, nullptr);
+    for (int i : remembered) {
+        ledRows[i].check->setCheck(true);
+        onCmdCalculate(nullptr, 0, nullptr);
+        onCmdAddXYtoArray(nullptr, 0, nullptr);
+        ledRows[i].check->setCheck(false);
+    }
+    for (int i : remembered) ledRows[i].check->setCheck(true);
+    individualMode = false;
+    setSpectraTabText();
+    return 1;
 }

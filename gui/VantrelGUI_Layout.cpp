@@ -12,7 +12,7 @@ const char* const ANALYSIS_LABELS[9] = {
     "Spectra",     "Direct spectrum input",  "Black body curve", "Optimization", "Filter input",
     "Plot filter", "Reconstituted daylight", "Color input",      "Plot color"};
 // Analysis types this build calculates; the others stand greyed.
-bool isAnalysisTypeBuilt(int type) { return type == 1; }
+bool isAnalysisTypeBuilt(int type) { return type != 3; }
 
 // Column titles of the spectrum column, by freeFormatInputUnitsIndex.
 const char* const SPECTRUM_TITLES[4] = {"Spectrum\n(W/nm)", "Spectrum\n(mW/nm)",
@@ -25,9 +25,6 @@ const char* const UNITS_CASCADE_TITLES[4] = {
 
 // Rows of the free-format table at first.
 constexpr int FREE_TABLE_ROWS = 2048;
-// Main-tab fields: photometry, colour rendering, chromaticity.
-const int MAIN_TAB_FIELDS[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 16,
-                               17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32};
 }  // namespace
 
 void VantrelGUI::buildInputSide(FXComposite* parent) {
@@ -43,11 +40,24 @@ void VantrelGUI::buildInputSide(FXComposite* parent) {
     inputTabs = new FXTabBook(side, nullptr, 0, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     const char* const tabTitles[4] = {"Spectra (0)", "Filters (0)", "Colors (0)", "Optimization"};
     FXTabItem** tabs[4] = {&spectraTab, &filtersTab, &colorsTab, &optimizationTab};
+    FXVerticalFrame* pages[4];
     for (int t = 0; t < 4; ++t) {
         *tabs[t] = new FXTabItem(inputTabs, tabTitles[t]);
-        FXVerticalFrame* page = new FXVerticalFrame(
-            inputTabs, FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
-        if (t == 0) new FXLabel(page, "# spectra checked: 0", nullptr, JUSTIFY_LEFT);
+        pages[t] = new FXVerticalFrame(inputTabs,
+                                       FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    }
+    buildSpectraTab(pages[0]);
+    new FXLabel(pages[1], "No user filters are loaded.", nullptr, JUSTIFY_LEFT);
+    new FXLabel(pages[2], "No user colors are loaded.", nullptr, JUSTIFY_LEFT);
+    // The optimizer keeps these spectra at their entered intensity.
+    FXGroupBox* hold =
+        new FXGroupBox(pages[3], "LEDs to hold constant in optimization run",
+                       GROUPBOX_TITLE_LEFT | FRAME_GROOVE | LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXScrollWindow* holdScroll = new FXScrollWindow(hold, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXVerticalFrame* holdList = new FXVerticalFrame(holdScroll, LAYOUT_FILL_X);
+    for (std::size_t i = 0; i < ledRows.size(); ++i) {
+        ledRows[i].holdConstant = new FXCheckButton(holdList, ledRows[i].check->getText());
+        ledRows[i].holdConstant->disable();
     }
 
     FXGroupBox* analysis =
@@ -58,6 +68,7 @@ void VantrelGUI::buildInputSide(FXComposite* parent) {
             new FXRadioButton(radios, ANALYSIS_LABELS[type], this, ID_ANALYSIS_TYPE);
         if (!isAnalysisTypeBuilt(type)) analysisRadios[type]->disable();
     }
+    buildTemperatureFields(analysis);
     FXHorizontalFrame* buttons = new FXHorizontalFrame(side, LAYOUT_FILL_X);
     calculateButton = new FXButton(buttons, "Calculate", nullptr, this, ID_CALCULATE,
                                    BUTTON_NORMAL | LAYOUT_FIX_WIDTH, 0, 0, 110, 0);
@@ -106,40 +117,11 @@ void VantrelGUI::buildPlotSide(FXComposite* parent) {
     ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));
     spectrumPlotCanvas->setBackColor(FXRGB(255, 255, 255));
     resultTabs = new FXTabBook(split, this, ID_RESULT_TABS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    layoutMainResultsTab(resultTabs, 88, 78);
-}
-
-void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
-    new FXTabItem(book, "Main");
-    FXScrollWindow* scroll =
-        new FXScrollWindow(book, FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    FXVerticalFrame* page = new FXVerticalFrame(scroll, LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    FXMatrix* grid = new FXMatrix(page, 4, MATRIX_BY_COLUMNS | LAYOUT_FILL_X);
-    for (int index : MAIN_TAB_FIELDS) {
-        FXGroupBox* box = new FXGroupBox(grid, outputFieldName(index).c_str(),
-                                         GROUPBOX_TITLE_CENTER | FRAME_GROOVE | LAYOUT_FIX_WIDTH, 0,
-                                         0, labelWidth, 0, 2, 2, 0, 2);
-        FXTextField* field = new FXTextField(
-            box, 8, nullptr, 0,
-            TEXTFIELD_READONLY | JUSTIFY_CENTER_X | FRAME_SUNKEN | LAYOUT_FILL_X | LAYOUT_FIX_WIDTH,
-            0, 0, fieldWidth, 0);
-        resultFields[index] = field;
-    }
-    const double firstNm = 360.0, lastNm = 830.0;
-    resultFields[1]->setTipText(FXString().format(
-        "Visible watts (calculated in the range of %.0lf - %.0lf nm).", firstNm, lastNm));
-    resultFields[4]->setTipText(
-        FXString().format("Luminous Efficacy of Radiation\nLumens per visible watt (calculated "
-                          "in the range of %.0lf - %.0lf nm).",
-                          firstNm, lastNm));
-    resultFields[5]->setTipText("Total LPW (wall-plug watts not visible or optical).");
-    resultFields[6]->setTipText("Electrical input watts (calculated from the total LPW).");
-    resultFields[7]->setTipText(
-        FXString().format("Extended lumens are the lumens with the eye sensitivity curve "
-                          "extended down to %.0lf nm.\nThis is used with IR sources.",
-                          firstNm));
-    resultFields[27]->setTipText("Distance to the black body locus in CIE 1960 u-v space.");
-    resultFields[28]->setTipText("Distance to the black body locus in CIE 1976 u'-v' space.");
+    layoutMainResultsTab(resultTabs, 104, 86);
+    layoutTM30ResultsTab(resultTabs, 104, 86);
+    layoutTM30_p2_ResultsTab(resultTabs, 104, 86);
+    layoutCQSResultsTab(resultTabs, 104, 86);
+    layoutResultsTab4(resultTabs, 104, 86);
 }
 
 // --- Tables ------------------------------------------------------------------------------------

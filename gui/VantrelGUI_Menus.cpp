@@ -5,6 +5,7 @@
 
 #include "AppConstants.h"
 #include "Fox_Fixes/Table_zwk7.h"
+#include "StandardIlluminants.h"
 #include "ValueFormat.h"
 #include "VantrelGUI.h"
 
@@ -204,10 +205,19 @@ void VantrelGUI::buildMenus() {
                                     cmd("Enter title for matching curve...")};
     addMenu("Matching", matching, std::size(matching));
 
-    const MenuItemDef userSpectra[] = {
-        cmd("Save a user spectrum"),     cmd("Import spectra"), cmd("New user spectra file"),
-        cascade("Standard illuminates"), cmd("Create all"),     end()};
-    addMenu("User Spectra", userSpectra, std::size(userSpectra));
+    std::vector<MenuItemDef> userSpectra = {
+        cmd("Save a user spectrum"), cmd("Import spectra"), cmd("New user spectra file"),
+        cmd("Create Gaussian peak user spectrum...", ID_CREATE_GAUSSIAN),
+        cascade("Standard illuminates")};
+    for (int k = 0; k < NUM_STANDARD_ILLUMINANTS; ++k) {
+        std::string name;
+        double values[Vantrel::NUM_GRID_POINTS_IR];
+        defineStandardIlluminants(k, &name, values);
+        userSpectra.push_back(cmd(name, ID_STD_ILLUMINANT + k));
+    }
+    userSpectra.push_back(cmd("Create all", ID_STD_ILLUMINANT + NUM_STANDARD_ILLUMINANTS));
+    userSpectra.push_back(end());
+    addMenu("User Spectra", userSpectra.data(), static_cast<int>(userSpectra.size()));
     const MenuItemDef userFilters[] = {cmd("Save a user filter"), cmd("Import filters"),
                                        cmd("New user filters file")};
     addMenu("User Filters", userFilters, std::size(userFilters));

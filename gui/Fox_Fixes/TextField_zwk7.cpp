@@ -3,6 +3,7 @@
 FXDEFMAP(TextField_zwk7)
 TextField_zwk7Map[] = {
     FXMAPFUNC(SEL_VERIFY, 0, TextField_zwk7::onVerify),
+    FXMAPFUNC(SEL_MOUSEWHEEL, 0, TextField_zwk7::onMouseWheel),
 };
 
 FXIMPLEMENT(TextField_zwk7, FXTextField, TextField_zwk7Map, ARRAYNUMBER(TextField_zwk7Map))
@@ -44,6 +45,11 @@ long TextField_zwk7::onVerify(FXObject*, FXSelector, void* ptr) {
     }
     if (target && target->tryHandle(this, FXSEL(SEL_VERIFY, message), ptr)) return 1;
     return 0;
+}
+
+long TextField_zwk7::onMouseWheel(FXObject*, FXSelector, void* ptr) {
+    return target != nullptr && isEnabled() &&
+           target->tryHandle(this, FXSEL(SEL_MOUSEWHEEL, message), ptr);
 }
 
 int TextField_zwk7::toInt() const { return FXIntVal(getText(), 10); }

@@ -19,6 +19,9 @@ class TextField_zwk7 : public FXTextField {
     // sign (only with allowNegNum), digits, blanks; a real field also the decimal symbol with
     // digits and an exponent "E"/"e" with an optional sign and digits. Then the target decides.
     long onVerify(FXObject*, FXSelector, void*);
+    // The wheel goes to the target first, so a window can step the value; unhandled, it goes
+    // on to the parent as usual.
+    long onMouseWheel(FXObject*, FXSelector, void*);
 
     // "," or "." as the decimal symbol of a real field.
     void setUseCommaForDecimal(bool useComma) { decimalSymbol = useComma ? ',' : '.'; }

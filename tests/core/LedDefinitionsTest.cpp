@@ -126,6 +126,10 @@ TEST(LedCatalogue, StoredLumensAndWattsAreTheEnginesAndTheIRFlagFollowsThePower)
     EXPECT_EQ(s.lDom, 0);
     EXPECT_EQ(s.wattsVisIR, s.wattsVis);
     EXPECT_DOUBLE_EQ(s.lpw, LED_CATALOGUE_ROWS[4].lumens / 0.35 / 3.0);
+    leds.defineStdSpectra(10, &s, -1.0);  // an IR LED is mixed by its power to 1050 nm
+    EXPECT_EQ(s.wattsVis, 0.0);
+    EXPECT_NEAR(s.wattsVisIR, Vantrel::getSpectralWatts(N_IR, s.spectrum, 2.0), 1e-12);
+    EXPECT_GT(s.wattsVisIR, 0.1);
     leds.defineStdSpectra(8, &s, 600.0);
     EXPECT_EQ(s.lDom, 0);
     EXPECT_DOUBLE_EQ(s.lpw, LED_CATALOGUE_ROWS[0].lumens / 0.7);

@@ -14,6 +14,7 @@
 #include "CellColors.h"
 #include "Fox_Fixes/Table_zwk7.h"
 #include "GuiTestApp.h"
+#include "MainWindowFixture.h"
 #include "UserDialogs.h"
 #include "VantrelGUI.h"
 
@@ -55,48 +56,6 @@ std::string cliValue(const std::string& file, const std::string& column) {
     }
     return "";
 }
-
-class MainWindow : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        folder = fs::temp_directory_path() /
-                 ("lumivar_gui_" + std::to_string(::getpid()) + "_" +
-                  ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-        UserDialogs::setScript(&script);
-        open();
-    }
-    void TearDown() override {
-        close();
-        UserDialogs::setScript(nullptr);
-        fs::remove_all(folder);
-    }
-    void open() {
-        gui = new VantrelGUI(guiTestApp(), folder.string() + "/");
-        gui->create();
-    }
-    void close() {
-        delete gui;
-        gui = nullptr;
-    }
-    // Chooses a spectrum range through its menu radio, as the user does.
-    void chooseRange(int range) {
-        FXMenuRadio* radio = gui->getRangeRadio(range);
-        radio->setCheck(TRUE);
-        gui->onCmdOptionRadio(radio, 0, nullptr);
-    }
-    void paste(int range, const std::string& text) {
-        Table_zwk7* table = gui->getInputTable(range);
-        table->setCurrentItem(0, 0);
-        table->pasteText(text.c_str());
-    }
-    std::string result(const char* name) { return gui->getResultText(name).text(); }
-
-    fs::path folder;
-    UserDialogs::Script script;
-    VantrelGUI* gui = nullptr;
-};
 
 }  // namespace
 

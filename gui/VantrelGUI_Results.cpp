@@ -1,0 +1,120 @@
+// The result tabs: every output field as a labelled read-only box, grouped by subject, and the
+// highlight colour of the tab shown.
+#include <numeric>
+
+#include "ArgbColor.h"
+#include "ValueFormat.h"
+#include "VantrelGUI.h"
+
+namespace {
+constexpr double FIRST_NM = 360.0, LAST_NM = 830.0;
+// Highlight colours of the result tabs (0xAARRGGBB), in tab order.
+constexpr int TAB_HIGHLIGHTS[] = {static_cast<int>(0xFFFFF2B3), static_cast<int>(0xFFD5F5D0),
+                                  static_cast<int>(0xFFD0E8FF), static_cast<int>(0xFFFFD9D0),
+                                  static_cast<int>(0xFFE8DDFF)};
+
+std::vector<int> fieldRange(int first, int last) {
+    std::vector<int> v(last - first + 1);
+    std::iota(v.begin(), v.end(), first);
+    return v;
+}
+
+std::vector<int> joined(std::initializer_list<std::vector<int>> parts) {
+    std::vector<int> all;
+    for (const std::vector<int>& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+}  // namespace
+
+void VantrelGUI::layoutFieldsTab(FXTabBook* book, const char* title, const std::vector<int>& fields,
+                                 int columns, int labelWidth, int fieldWidth) {
+    resultTabItems.push_back(new FXTabItem(book, title));
+    FXScrollWindow* scroll =
+        new FXScrollWindow(book, FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXVerticalFrame* page = new FXVerticalFrame(scroll, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXMatrix* grid = new FXMatrix(page, columns, MATRIX_BY_COLUMNS | LAYOUT_FILL_X);
+    for (int index : fields) {
+        FXGroupBox* box = new FXGroupBox(grid, outputFieldName(index).c_str(),
+                                         GROUPBOX_TITLE_CENTER | FRAME_GROOVE | LAYOUT_FIX_WIDTH, 0,
+                                         0, labelWidth, 0, 2, 2, 0, 2);
+        resultFields[index] = new FXTextField(
+            box, 8, nullptr, 0,
+            TEXTFIELD_READONLY | JUSTIFY_CENTER_X | FRAME_SUNKEN | LAYOUT_FILL_X | LAYOUT_FIX_WIDTH,
+            0, 0, fieldWidth, 0);
+    }
+}
+
+void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
+    layoutFieldsTab(book, "Main", fieldRange(0, 32), 4, labelWidth, fieldWidth);
+    resultFields[1]->setTipText(FXString().format(
+        "Visible watts (calculated in the range of %.0lf - %.0lf nm).", FIRST_NM, LAST_NM));
+    resultFields[4]->setTipText(
+        FXString().format("Luminous Efficacy of Radiation\nLumens per visible watt (calculated "
+                          "in the range of %.0lf - %.0lf nm).",
+                          FIRST_NM, LAST_NM));
+    resultFields[5]->setTipText("Total LPW (wall-plug watts not visible or optical).");
+    resultFields[6]->setTipText("Electrical input watts (calculated from the total LPW).");
+    resultFields[7]->setTipText(
+        FXString().format("Extended lumens are the lumens with the eye sensitivity curve "
+                          "extended down to %.0lf nm.\nThis is used with IR sources.",
+                          FIRST_NM));
+    resultFields[27]->setTipText("Distance to the black body locus in CIE 1960 u-v space.");
+    resultFields[28]->setTipText("Distance to the black body locus in CIE 1976 u'-v' space.");
+    resultFields[29]->setTipText("Photon flux per electrical watt (from the total LPW).");
+}
+
+void VantrelGUI::layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
+    layoutFieldsTab(book, "TM-30", joined({fieldRange(65, 83), {149, 150}}), 4, labelWidth,
+                    fieldWidth);
+    resultFields[149]->setTipText("Green over red response of a tungsten (3200K) film.");
+    resultFields[150]->setTipText("Green over red response of a daylight film.");
+}
+
+void VantrelGUI::layoutTM30_p2_ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
+    // Hue shift and chroma shift of each hue bin side by side.
+    std::vector<int> fields;
+    for (int bin = 0; bin < Vantrel::TM30_NUM_BINS; ++bin) {
+        fields.push_back(84 + bin);
+        fields.push_back(100 + bin);
+    }
+    layoutFieldsTab(book, "TM-30 hue bins", fields, 4, labelWidth, fieldWidth);
+}
+
+void VantrelGUI::layoutCQSResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
+    // "max dE*" stands last: it is hidden outside binning runs and leaves no hole there.
+    layoutFieldsTab(book, "CQS", joined({fieldRange(33, 56), fieldRange(58, 64), {57}}), 4,
+                    labelWidth, fieldWidth);
+    resultFields[37]->setTipText(
+        "Gamut area of the R1-R8 colors in the chosen diagram, times 100000.");
+    resultFields[38]->setTipText(
+        "Gamut area of the Q1-Q15 colors in the chosen diagram, times 100000.");
+    resultFields[58]->setTipText("Watts of the blue peak (\"Subtract blue peak\").");
+    resultFields[59]->setTipText("Watts left after the blue peak is subtracted.");
+    resultFields[60]->setTipText(FXString().format(
+        "Total watts (calculated in the range of %.0lf - %.0lf nm).", FIRST_NM, 1050.0));
+    resultFields[64]->setTipText("Cyanosis Observation Index, defined from 3300K to 5300K.");
+    // The Monte Carlo spread shows only in binning runs.
+    resultFields[57]->getParent()->hide();
+}
+
+void VantrelGUI::layoutResultsTab4(FXTabBook* book, int labelWidth, int fieldWidth) {
+    // Two wide columns: the gamut-area labels are long.
+    layoutFieldsTab(book, "10\u00B0 && more", fieldRange(116, 148), 2, labelWidth + 80,
+                    fieldWidth + 80);
+    resultFields[143]->setTipText("Photons per second over the whole spectrum.");
+}
+
+void VantrelGUI::setTabColors() {
+    const bool highlight = settings.getBool("colorTabs");
+    const FXint current = resultTabs->getCurrent();
+    for (std::size_t t = 0; t < resultTabItems.size(); ++t) {
+        const bool lit = highlight && static_cast<FXint>(t) == current;
+        resultTabItems[t]->setBackColor(lit ? argbColor(TAB_HIGHLIGHTS[t % 5])
+                                            : getApp()->getBaseColor());
+    }
+}
+
+long VantrelGUI::onCmdResultTabs(FXObject*, FXSelector, void*) {
+    setTabColors();
+    return 1;
+}

@@ -1,0 +1,308 @@
+// Calculate driven through the main window: LED rows mixed by lumens or watts, their refusals,
+// the reference spectra, the standard illuminants and the result tabs.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "AppConstants.h"
+#include "ArgbColor.h"
+#include "MainWindowFixture.h"
+
+namespace {
+
+// Catalogue rows by name, as the Spectra tab lists them.
+enum Row { GREEN = 3, RED = 6, FAR_RED = 8, WHITE_2700 = 11, WHITE_4000 = 12 };
+
+class Calculate : public MainWindow {
+  protected:
+    void SetUp() override {
+        MainWindow::SetUp();
+        chooseAnalysis(0);
+    }
+    void setRow(int row, const char* lDom, const char* lumens, const char* watts,
+                const char* lpw = "") {
+        gui->getLedCheck(row)->setCheck(TRUE);
+        if (lDom != nullptr) gui->getLedField(row, ROW_LDOM)->setText(lDom);
+        gui->getLedField(row, ROW_LUMENS)->setText(lumens);
+        gui->getLedField(row, ROW_WATTS)->setText(watts);
+        gui->getLedField(row, ROW_LPW)->setText(lpw);
+    }
+    void calculate() { gui->onCmdCalculate(nullptr, 0, nullptr); }
+    bool isRed(int row, int field) {
+        return gui->getLedField(row, field)->getBackColor() ==
+               argbColor(VantrelGUI::ERROR_CELL_COLOR);
+    }
+    // Scales a catalogue record so that it stores these lumens (watts follow).
+    void storeLumens(int row, double lumens) {
+        ledTypeStruct& s = gui->getModel().spectra()[row];
+        const double factor = lumens / s.lumens;
+        for (double& v : s.spectrum) v *= factor;
+        s.lumens *= factor;
+        s.wattsVis *= factor;
+        s.wattsVisIR *= factor;
+    }
+    // The one box the last run showed.
+    std::string box() {
+        if (script.shown.size() != 1) return "boxes: " + std::to_string(script.shown.size());
+        return script.shown[0].title + ": " + script.shown[0].text;
+    }
+};
+
+// Every column of lumivar-cli's output for a file, by its header name.
+std::vector<std::pair<std::string, std::string>> cliRow(const std::string& file) {
+    const std::string command = std::string(LUMIVAR_CLI_PATH) + " calc " + file;
+    FILE* pipe = popen(command.c_str(), "r");
+    std::string output;
+    char buffer[4096];
+    while (pipe != nullptr && std::fgets(buffer, sizeof buffer, pipe) != nullptr) output += buffer;
+    if (pipe != nullptr) pclose(pipe);
+    std::istringstream lines(output);
+    std::string header, values, name, value;
+    std::getline(lines, header);
+    std::getline(lines, values);
+    std::istringstream h(header), v(values);
+    std::vector<std::pair<std::string, std::string>> row;
+    while (std::getline(h, name, '\t') && std::getline(v, value, '\t'))
+        row.push_back({name, value});
+    return row;
+}
+
+}  // namespace
+
+TEST_F(Calculate, GreenAndRedLedsAddTheirLumens) {
+    setRow(GREEN, "530", "1000", "");
+    setRow(RED, "630", "500", "");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(result("Lumens"), "1500");
+    // Each LED alone is a point of the diagram.
+    ASSERT_EQ(gui->getPoints().size(), 2u);
+    EXPECT_GT(gui->getPoints()[0].y, 0.6) << "green";
+    EXPECT_GT(gui->getPoints()[1].x, 0.65) << "red";
+    EXPECT_EQ(gui->getDisplayTable()->getItemText(100, 1).empty(), false);
+}
+
+TEST_F(Calculate, CoefficientsFollowLumensOrMilliwatts) {
+    storeLumens(WHITE_4000, 25.0);
+    setRow(WHITE_4000, nullptr, "1000", "");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_DOUBLE_EQ(gui->getModel().spectra()[WHITE_4000].coefficient, 40.0);
+    EXPECT_EQ(result("Lumens"), "1000");
+
+    ledTypeStruct& s = gui->getModel().spectra()[WHITE_4000];
+    storeLumens(WHITE_4000, s.lumens / s.wattsVis);  // 1 W visible
+    setRow(WHITE_4000, nullptr, "", "500");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_DOUBLE_EQ(gui->getModel().spectra()[WHITE_4000].coefficient, 0.5);
+    EXPECT_EQ(result("Vis watt"), "500");  // shown in milliwatts
+}
+
+TEST_F(Calculate, RowRefusalsShowTheirBoxAndTurnTheirFieldsRed) {
+    const struct {
+        const char* lDom;
+        const char* lumens;
+        const char* watts;
+        const char* expectedBox;
+        int redFields;
+    } cases[] = {
+        {"530", "", "",
+         "Lumens/watts error: You must specify either a lumens or watts value or uncheck this "
+         "spectra.",
+         ROW_LUMENS | ROW_WATTS},
+        {"530", "100", "100",
+         "Lumens/watts error: You cannot specify both a lumens and watts value.",
+         ROW_LUMENS | ROW_WATTS},
+        {"600", "100", "",
+         "Dominant wavelength error: You must specify a dominant wavelength value within the "
+         "allowed range (513 - 570 nm) or uncheck this LED.",
+         ROW_LDOM},
+        {"530", "0", "", "Lumens/watts error: You must specify a value greater than 0.",
+         ROW_LUMENS},
+    };
+    for (const auto& c : cases) {
+        script.shown.clear();
+        setRow(GREEN, c.lDom, c.lumens, c.watts);
+        calculate();
+        EXPECT_EQ(box(), c.expectedBox);
+        for (int field : {ROW_LDOM, ROW_LUMENS, ROW_WATTS}) {
+            EXPECT_EQ(isRed(GREEN, field), (c.redFields & field) != 0) << c.expectedBox << field;
+        }
+        EXPECT_FALSE(gui->hasResults());
+        EXPECT_EQ(result("Lumens"), "");
+        EXPECT_EQ(gui->getLedField(GREEN, ROW_LUMENS)->getText(), c.lumens) << "text kept";
+    }
+    // An empty wavelength gets the range box and then the one that asks for a value.
+    script.shown.clear();
+    setRow(GREEN, "", "100", "");
+    calculate();
+    ASSERT_EQ(script.shown.size(), 2u);
+    EXPECT_EQ(script.shown[1].text,
+              "You must specify a dominant wavelength value or uncheck this LED.");
+    // Nothing checked at all.
+    script.shown.clear();
+    gui->getLedCheck(GREEN)->setCheck(FALSE);
+    calculate();
+    EXPECT_EQ(box(),
+              "Lumens/watts error: You must select a spectra and specify either a lumens or "
+              "watts value.");
+}
+
+TEST_F(Calculate, BinFieldsAreCheckedInBinningRunsFromTheButton) {
+    gui->getBinningChk()->enable();
+    gui->getBinningChk()->setCheck(TRUE);
+    setRow(GREEN, "530", "100", "");
+    gui->getLedField(GREEN, ROW_BIN_WIDTH)->setText("25");
+    gui->onCmdCalculate(gui->getCalculateButton(), 0, nullptr);
+    EXPECT_EQ(box(),
+              "Bin width error: You must specify a bin width equal to or greater than 0 and less "
+              "than 20 nm.");
+    EXPECT_TRUE(isRed(GREEN, ROW_BIN_WIDTH));
+    script.shown.clear();
+    gui->getLedField(GREEN, ROW_BIN_WIDTH)->setText("2");
+    gui->getLedField(GREEN, ROW_BIN_OUTPUT)->setText("25");
+    gui->onCmdCalculate(gui->getCalculateButton(), 0, nullptr);
+    EXPECT_EQ(box(),
+              "Bin output error: You must specify a bin output equal to or greater than 0 and "
+              "less than 20%.");
+    EXPECT_TRUE(isRed(GREEN, ROW_BIN_OUTPUT));
+    // A run that does not come from the button leaves the bin fields alone.
+    script.shown.clear();
+    calculate();
+    EXPECT_TRUE(script.shown.empty()) << box();
+}
+
+TEST_F(Calculate, WallPlugFieldsNeedTheLpwOfEveryCheckedRow) {
+    setRow(WHITE_2700, nullptr, "1000", "", "100");
+    setRow(WHITE_4000, nullptr, "500", "", "50");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(result("Elec. W"), "20.0");  // 1000 / 100 + 500 / 50
+    EXPECT_EQ(result("LPW"), "75.0");
+    gui->getLedField(WHITE_4000, ROW_LPW)->setText("");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(result("LPW"), UNDEFINED_TERM);
+    EXPECT_EQ(result("Elec. W"), UNDEFINED_TERM);
+    EXPECT_NE(result("LER"), UNDEFINED_TERM);
+}
+
+TEST_F(Calculate, ReferenceSpectraHoldOneWattAtTheirTemperature) {
+    chooseAnalysis(2);
+    gui->getBlackBodyField()->setText("3000");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(result("CCT"), "3000");
+    EXPECT_EQ(result("CRI (Ra)"), "100");
+    EXPECT_NEAR(std::stod(result("Vis watt")), 1000.0, 3.0);  // mW, at three printed digits
+
+    chooseAnalysis(6);
+    gui->getDaylightField()->setText("6500");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_NEAR(std::stod(result("CCT")), 6500.0, 2.0);
+
+    // Out of range: reset to the limit with the box, and nothing calculated.
+    gui->getDaylightField()->setText("40000");
+    calculate();
+    EXPECT_EQ(box(),
+              "Reconstituted daylight Temperature: You must enter a reconstituted daylight "
+              "temperature between 3,000 - 25,000K\nIt will be reset to 25000K.");
+    EXPECT_EQ(gui->getDaylightField()->getText(), "25000");
+    EXPECT_FALSE(gui->hasResults());
+}
+
+TEST_F(Calculate, CoiOnlyFrom3300KelvinAndTm30OnlyNearTheLocus) {
+    chooseAnalysis(2);
+    gui->getBlackBodyField()->setText("3299");
+    calculate();
+    ASSERT_EQ(result("CCT"), "3299");
+    EXPECT_EQ(result("COI"), UNDEFINED_TERM);
+    gui->getBlackBodyField()->setText("3400");
+    calculate();
+    EXPECT_NE(result("COI"), UNDEFINED_TERM);
+
+    chooseAnalysis(0);
+    setRow(GREEN, "530", "100", "");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    for (const char* name : {"Rf", "Rg", "Rf,skin"}) EXPECT_EQ(result(name), UNDEFINED_TERM);
+}
+
+TEST_F(Calculate, StandardIlluminantF2RendersAsPublished) {
+    gui->runStandardIlluminant(9);  // A, B, C, E, D50, D55, D65, D75, F1, F2
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(result("CRI (Ra)"), "64");
+    EXPECT_EQ(gui->getAnalysisType(), 0) << "the analysis type comes back";
+}
+
+TEST_F(Calculate, AWhiteLedFillsEveryFieldAndAnotherTypeClearsThem) {
+    setRow(WHITE_4000, nullptr, "1000", "");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    for (int i = 0; i < NUM_OUTPUT_FIELDS; ++i) {
+        EXPECT_FALSE(gui->getResultText(outputFieldName(i)).empty()) << outputFieldName(i);
+    }
+    EXPECT_NE(gui->getPhotometryStrings().cri.find(" K / "), std::string::npos);
+    FXRadioButton* radio = gui->getAnalysisRadio(2);
+    radio->setCheck(TRUE);
+    gui->onCmdAnalysisType(radio, 0, nullptr);
+    EXPECT_FALSE(gui->hasResults());
+    EXPECT_EQ(result("Lumens"), "");
+}
+
+TEST_F(Calculate, ShiftClickChecksTheRowsBetweenAndIndividualRunsSaveEachPoint) {
+    gui->clickLedCheck(WHITE_4000, true);
+    gui->clickLedCheck(FAR_RED, true);
+    for (int row = 0; row < gui->getNumSpectra(); ++row) {
+        EXPECT_EQ(gui->getLedCheck(row)->getCheck() == TRUE, row >= FAR_RED && row <= WHITE_4000)
+            << row;
+    }
+    // Only the white rows get lumens; the others fill in from their records.
+    for (int row = FAR_RED; row <= WHITE_4000; ++row) {
+        gui->getLedField(row, ROW_LUMENS)->setText("");
+        gui->getLedField(row, ROW_WATTS)->setText("");
+    }
+    gui->onCmdCalculateIndividual(nullptr, 0, nullptr);
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(gui->numSavedXY(), 5);
+    EXPECT_TRUE(gui->getLedCheck(FAR_RED)->getCheck()) << "the checks come back";
+}
+
+TEST_F(Calculate, HiddenStandardRowsAreUnchecked) {
+    gui->getLedCheck(GREEN)->setCheck(TRUE);
+    gui->getLedCheck(WHITE_4000)->setCheck(TRUE);
+    auto* noPureColors = static_cast<FXMenuRadio*>(gui->getOptionWidget("showLEDs", 1));
+    gui->onCmdOptionRadio(noPureColors, 0, nullptr);
+    EXPECT_FALSE(gui->getLedCheck(GREEN)->getCheck());
+    EXPECT_FALSE(gui->getLedCheck(GREEN)->shown());
+    EXPECT_TRUE(gui->getLedCheck(WHITE_4000)->getCheck());
+    gui->onCmdOptionRadio(gui->getOptionWidget("showLEDs", 0), 0, nullptr);
+    EXPECT_TRUE(gui->getLedCheck(GREEN)->shown());
+}
+
+TEST_F(MainWindow, WindowAndCommandLineToolGiveTheSameTexts) {
+    const std::string f2 =
+        std::string(LUMIVAR_TEST_DATA_DIR) + "/cie_illuminants/cie_F2_5nm_360_830.txt";
+    chooseRange(RANGE_360_830_5NM);
+    std::ifstream in(f2);
+    std::string line, text;
+    while (std::getline(in, line)) {
+        if (!line.empty() && line[0] != '#') text += line + "\n";
+    }
+    paste(RANGE_360_830_5NM, text);
+    // The tool prints watts.
+    gui->onCmdOptionRadio(gui->getOptionWidget("inputWattsUnits", 1), 0, nullptr);
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_TRUE(script.shown.empty());
+    const auto row = cliRow(f2);
+    ASSERT_GT(row.size(), 130u);
+    for (std::size_t i = 1; i < row.size(); ++i) {
+        EXPECT_EQ(result(row[i].first.c_str()), row[i].second) << row[i].first;
+    }
+}

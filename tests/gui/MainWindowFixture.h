@@ -1,0 +1,67 @@
+// A main window in its own per-user folder, with scripted message boxes, set to direct input
+// as each test starts.
+#ifndef LUMIVAR_TESTS_MAINWINDOWFIXTURE_H
+#define LUMIVAR_TESTS_MAINWINDOWFIXTURE_H
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "Fox_Fixes/Table_zwk7.h"
+#include "Fox_Fixes/TextField_zwk7.h"
+#include "GuiTestApp.h"
+#include "UserDialogs.h"
+#include "VantrelGUI.h"
+
+class MainWindow : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        folder = std::filesystem::temp_directory_path() /
+                 ("lumivar_gui_" + std::to_string(::getpid()) + "_" +
+                  ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directories(folder);
+        UserDialogs::setScript(&script);
+        open();
+        chooseAnalysis(1);
+    }
+    void TearDown() override {
+        close();
+        UserDialogs::setScript(nullptr);
+        std::filesystem::remove_all(folder);
+    }
+    void open() {
+        gui = new VantrelGUI(guiTestApp(), folder.string() + "/");
+        gui->create();
+    }
+    void close() {
+        delete gui;
+        gui = nullptr;
+    }
+    // Chooses an analysis type through its radio, as the user does.
+    void chooseAnalysis(int type) {
+        FXRadioButton* radio = gui->getAnalysisRadio(type);
+        radio->setCheck(TRUE);
+        gui->onCmdAnalysisType(radio, 0, nullptr);
+    }
+    // Chooses a spectrum range through its menu radio, as the user does.
+    void chooseRange(int range) {
+        FXMenuRadio* radio = gui->getRangeRadio(range);
+        radio->setCheck(TRUE);
+        gui->onCmdOptionRadio(radio, 0, nullptr);
+    }
+    void paste(int range, const std::string& text) {
+        Table_zwk7* table = gui->getInputTable(range);
+        table->setCurrentItem(0, 0);
+        table->pasteText(text.c_str());
+    }
+    std::string result(const char* name) { return gui->getResultText(name).text(); }
+
+    std::filesystem::path folder;
+    UserDialogs::Script script;
+    VantrelGUI* gui = nullptr;
+};
+
+#endif  // LUMIVAR_TESTS_MAINWINDOWFIXTURE_H
