@@ -97,7 +97,7 @@ const char* cliUsage() {
     return "Usage: lumivar-cli COMMAND [OPTION...] [FILE...]\n"
            "\n"
            "Commands:\n"
-           "  calc    main results of spectrum files, one table row per file\n"
+           "  calc    results of spectrum files, one table row per file\n"
            "\n"
            "Run 'lumivar-cli calc --help' for the options of calc.\n";
 }

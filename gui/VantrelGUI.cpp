@@ -41,6 +41,7 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_FIT_TO_SCREEN, VantrelGUI::onCmdFitToScreenSize),
     FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_PLOT_CANVAS, VantrelGUI::onCmdRedraw),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_BLUE_PEAK_CHK, VantrelGUI::onCmdBluePeakChk),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_LED, VantrelGUI::onCmdCheckedLED),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_FILTER, VantrelGUI::onCmdCheckedFilter),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_COLOR, VantrelGUI::onCmdCheckedColor),

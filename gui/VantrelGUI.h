@@ -7,6 +7,7 @@
 #include <fx.h>
 
 #include <array>
+#include <ctime>
 #include <memory>
 #include <string>
 #include <vector>
@@ -97,6 +98,7 @@ class VantrelGUI : public FXMainWindow {
     long onCmdFitToScreenSize(FXObject*, FXSelector, void*);
     long onCmdRedraw(FXObject*, FXSelector, void*);
     long onCmdCalculateIndividual(FXObject*, FXSelector, void*);
+    long onCmdBluePeakChk(FXObject*, FXSelector, void*);
     long onCmdCheckedLED(FXObject*, FXSelector, void*);
     long onCmdCheckedFilter(FXObject*, FXSelector, void*);
     long onCmdCheckedColor(FXObject*, FXSelector, void*);
@@ -118,6 +120,8 @@ class VantrelGUI : public FXMainWindow {
     FXRadioButton* getAnalysisRadio(int type) const { return analysisRadios[type]; }
     FXCheckButton* getBinningChk() const { return binningChk; }
     FXButton* getCalculateButton() const { return calculateButton; }
+    FXCheckButton* getBluePeakChk() const { return bluePeakChk; }
+    const std::string& getMainCurveName() const { return mainCurveName; }
     // The menu check or radio bound to an option (for a radio, the one of this value).
     FXWindow* getOptionWidget(const std::string& tag, int value = 1) const;
     // Text of a result field by its label ("Lumens", "x", ...), empty when it has none.
@@ -251,7 +255,8 @@ class VantrelGUI : public FXMainWindow {
     bool individualMode = false;
     std::vector<ledTypeStruct> filterSpectra, colorSpectra;  // from the user libraries
     std::vector<ledInputDataStruct> savedLedValues;
-    int shiftFirst = -1;  // the first of a shift-clicked pair of spectrum checks
+    int shiftFirst = -1;                  // the first of a shift-clicked pair of spectrum checks
+    std::clock_t lastWheelCalculate = 0;  // processor clock of the last Calculate the wheel ran
     std::vector<std::array<double, 5>> savedXY;  // x, y, CCT, x 10°, y 10°
     std::vector<std::array<double, 16>> savedR;  // Ra, R1 to R15
     OutputField outputFields[NUM_OUTPUT_FIELDS];

@@ -34,8 +34,7 @@ void VantrelGUI::buildInputSide(FXComposite* parent) {
     binningChk = new FXCheckButton(checks, "Include binning effects", this, ID_BINNING_CHK);
     bluePeakChk = new FXCheckButton(checks, "Subtract blue peak", this, ID_BLUE_PEAK_CHK);
     irChk = new FXCheckButton(checks, "Include IR (830 - 1050 nm)", this, ID_IR_CHK);
-    binningChk->disable();
-    bluePeakChk->disable();
+    binningChk->disable();  // the Monte Carlo simulation is not in this build
 
     inputTabs = new FXTabBook(side, nullptr, 0, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     const char* const tabTitles[4] = {"Spectra (0)", "Filters (0)", "Colors (0)", "Optimization"};
@@ -224,6 +223,11 @@ long VantrelGUI::onCmdIRChk(FXObject*, FXSelector, void*) {
     clearOutput();
     fillWavelengthColumns();
     setSpectrumRange(spectrumRange);
+    return 1;
+}
+
+long VantrelGUI::onCmdBluePeakChk(FXObject*, FXSelector, void*) {
+    clearOutput();
     return 1;
 }
 

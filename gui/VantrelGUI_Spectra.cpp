@@ -318,11 +318,10 @@ long VantrelGUI::onMouseBlackBodyTemp(FXObject* sender, FXSelector, void* ptr) {
     kelvin = blackBody ? std::clamp(kelvin, 1000.0, 950000.0) : std::clamp(kelvin, 3000.0, 25000.0);
     field->setText(FXString().format("%.0lf", kelvin));
     // The result follows the wheel, but not faster than the machine calculates.
-    static std::clock_t lastCalculate = 0;
     const std::clock_t now = std::clock();
     if (analysisType == (blackBody ? 2 : 6) &&
-        static_cast<double>(now - lastCalculate) / CLOCKS_PER_SEC > WHEEL_CALCULATE_SECONDS) {
-        lastCalculate = now;
+        static_cast<double>(now - lastWheelCalculate) / CLOCKS_PER_SEC > WHEEL_CALCULATE_SECONDS) {
+        lastWheelCalculate = now;
         onCmdCalculate(nullptr, 0, nullptr);
     }
     return 1;

@@ -192,6 +192,19 @@ TEST_F(Calculate, WallPlugFieldsNeedTheLpwOfEveryCheckedRow) {
     EXPECT_NE(result("LER"), UNDEFINED_TERM);
 }
 
+TEST_F(Calculate, SubtractingTheBluePeakSplitsTheWatts) {
+    setRow(WHITE_4000, nullptr, "1000", "");
+    gui->getBluePeakChk()->setCheck(TRUE);
+    gui->onCmdBluePeakChk(gui->getBluePeakChk(), 0, nullptr);
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    const double blue = std::stod(result("Blue watts")), phosphor = std::stod(result("Phos watts"));
+    EXPECT_GT(blue, 0.0);
+    EXPECT_GT(phosphor, blue) << "a white LED is mostly phosphor";
+    EXPECT_NEAR(blue + phosphor, std::stod(result("Vis watt")), 0.02 * phosphor);
+    EXPECT_EQ(gui->getMainCurveName(), BLUE_PEAK_CURVE_NAME);
+}
+
 TEST_F(Calculate, ReferenceSpectraHoldOneWattAtTheirTemperature) {
     chooseAnalysis(2);
     gui->getBlackBodyField()->setText("3000");
@@ -215,6 +228,27 @@ TEST_F(Calculate, ReferenceSpectraHoldOneWattAtTheirTemperature) {
               "temperature between 3,000 - 25,000K\nIt will be reset to 25000K.");
     EXPECT_EQ(gui->getDaylightField()->getText(), "25000");
     EXPECT_FALSE(gui->hasResults());
+}
+
+TEST_F(Calculate, TheWheelStepsTheTemperatureWithinItsRangeAndRecalculates) {
+    chooseAnalysis(2);
+    TextField_zwk7* field = gui->getBlackBodyField();
+    field->setText("2990");
+    FXEvent up;
+    up.code = 120;
+    up.state = 0;
+    gui->onMouseBlackBodyTemp(field, 0, &up);
+    EXPECT_EQ(field->getText(), "3015");  // 25 K a step
+    EXPECT_EQ(result("CCT"), "3015") << "the result follows the wheel";
+    field->setText("949990");
+    gui->onMouseBlackBodyTemp(field, 0, &up);
+    EXPECT_EQ(field->getText(), "950000");
+    FXEvent downShifted;
+    downShifted.code = -120;
+    downShifted.state = SHIFTMASK;
+    gui->getDaylightField()->setText("3050");
+    gui->onMouseBlackBodyTemp(gui->getDaylightField(), 0, &downShifted);
+    EXPECT_EQ(gui->getDaylightField()->getText(), "3000");  // 100 K with shift, clamped
 }
 
 TEST_F(Calculate, CoiOnlyFrom3300KelvinAndTm30OnlyNearTheLocus) {
