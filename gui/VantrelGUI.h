@@ -216,6 +216,9 @@ class VantrelGUI : public FXMainWindow {
     // Calculate.
     MixSettings mixSettings(bool fromButton = false) const;
     FieldFormat fieldFormat() const;
+    // The shown input table on the grid; false, with its box shown, when the run ends.
+    bool interpolateInputTable(Table_zwk7* table, const InputRows& rows,
+                               const DirectInputOptions& options, DirectInputResult* input);
     bool calculateDirectInput();
     bool calculateMix(bool fromButton);
     bool calculateReference();

@@ -203,17 +203,23 @@ std::vector<double> VantrelGUI::readSpectrumColumn(int numPoints) const {
 
 // --- Analysis types ----------------------------------------------------------------------------
 
+bool VantrelGUI::interpolateInputTable(Table_zwk7* table, const InputRows& rows,
+                                       const DirectInputOptions& options,
+                                       DirectInputResult* input) {
+    clearCellBackColors(table);
+    *input = interpolateSpectrum(rows, options);
+    if (!input->error) return true;
+    showInputMessage(table, input->message);
+    clearOutput();
+    return false;
+}
+
 bool VantrelGUI::calculateDirectInput() {
     Table_zwk7* table = inputTables[spectrumRange];
-    clearCellBackColors(table);
     const DirectInputOptions options = directInputOptions();
     const InputRows rows = readInputRows(table);
-    const DirectInputResult input = interpolateSpectrum(rows, options);
-    if (input.error) {
-        showInputMessage(table, input.message);
-        clearOutput();
-        return false;
-    }
+    DirectInputResult input;
+    if (!interpolateInputTable(table, rows, options, &input)) return false;
     const int n = static_cast<int>(input.column.size());
     if (displayTable->getNumRows() != n) fillWavelengthColumns();
     for (int i = 0; i < n; ++i) displayTable->setItemText(i, 1, input.column[i].c_str());
@@ -325,15 +331,10 @@ bool VantrelGUI::calculateMix(bool fromButton) {
 
 bool VantrelGUI::calculateFilterColorInput() {
     Table_zwk7* table = inputTables[spectrumRange];
-    clearCellBackColors(table);
     const DirectInputOptions options = directInputOptions();
     const InputRows rows = readInputRows(table);
-    const DirectInputResult input = interpolateSpectrum(rows, options);
-    if (input.error) {
-        showInputMessage(table, input.message);
-        clearOutput();
-        return false;
-    }
+    DirectInputResult input;
+    if (!interpolateInputTable(table, rows, options, &input)) return false;
     if (input.outOfRange) showInputMessage(table, colorOutOfRangeWarning(options));
     mixedSpectrum.assign(Vantrel::NUM_GRID_POINTS_IR, 0.0);
     for (std::size_t i = 0; i < input.column.size() && i < mixedSpectrum.size(); ++i) {

@@ -257,18 +257,24 @@ long VantrelGUI::onCmdCheckedLED(FXObject* sender, FXSelector, void*) {
     return 1;
 }
 
-long VantrelGUI::onCmdCheckedFilter(FXObject*, FXSelector, void*) {
+namespace {
+// "Filters (%d)" or "Colors (%d)" with the number checked.
+void setCheckedCountTitle(FXTabItem* tab, const char* format,
+                          const std::vector<FXCheckButton*>& checks) {
     int checked = 0;
-    for (FXCheckButton* c : filterChecks) checked += c->getCheck() ? 1 : 0;
-    filtersTab->setText(FXString().format("Filters (%d)", checked));
+    for (FXCheckButton* c : checks) checked += c->getCheck() ? 1 : 0;
+    tab->setText(FXString().format(format, checked));
+}
+}  // namespace
+
+long VantrelGUI::onCmdCheckedFilter(FXObject*, FXSelector, void*) {
+    setCheckedCountTitle(filtersTab, "Filters (%d)", filterChecks);
     clearOutput();
     return 1;
 }
 
 long VantrelGUI::onCmdCheckedColor(FXObject*, FXSelector, void*) {
-    int checked = 0;
-    for (FXCheckButton* c : colorChecks) checked += c->getCheck() ? 1 : 0;
-    colorsTab->setText(FXString().format("Colors (%d)", checked));
+    setCheckedCountTitle(colorsTab, "Colors (%d)", colorChecks);
     clearOutput();
     return 1;
 }
