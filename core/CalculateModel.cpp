@@ -142,6 +142,13 @@ bool checkRow(int i, ledInputDataStruct& row, const ledTypeStruct& s, const MixS
 }
 }  // namespace
 
+bool isMatchingColumnValid(const std::vector<std::string>& column, bool zeroEmptyCells) {
+    int empty = 0;
+    for (const std::string& cell : column) empty += trim(cell).empty() ? 1 : 0;
+    if (empty == static_cast<int>(column.size())) return false;
+    return empty == 0 || zeroEmptyCells;
+}
+
 double fieldValue(const std::string& text, double fallback) {
     const std::string t = trim(text);
     if (t.empty()) return fallback;
@@ -392,6 +399,14 @@ void CalculateModel::finish(CalculateOutcome& outcome, const MixSettings& settin
         std::vector<double> phosphor(Vantrel::NUM_GRID_POINTS_IR, 0.0);
         outcome.mix.bluePeakRemoved =
             removeBluePeak(mixed, numPoints, phosphor.data(), &outcome.mix.phosphorWatts);
+    }
+    const int n = std::min(numPoints, static_cast<int>(settings.matching.size()));
+    if (n > 0 && !settings.subtractBluePeak &&
+        *std::max_element(settings.matching.begin(), settings.matching.begin() + n) > 0 &&
+        *std::max_element(mixed, mixed + n) > 0) {
+        const std::vector<double> weights(n, 1.0);
+        outcome.mix.rmsValid = true;
+        outcome.mix.rms = Vantrel::getRMSdiff(n, mixed, settings.matching.data(), weights.data());
     }
     CalculationOptions options;
     options.includeIR = settings.includeIR;

@@ -39,6 +39,9 @@ struct MixSettings {
     bool limitUmolTo400_700 = false;
     bool subtractBluePeak = false;
     int ssiReference = 0;
+    // The matching curve on the grid in W/nm (empty: none); the "RMS" field compares the
+    // result with it, unless the blue peak is subtracted.
+    std::vector<double> matching;
 };
 
 // The outcome of the row checks.
@@ -69,6 +72,9 @@ struct CalculateOutcome {
     MixResults mix;
     std::vector<ResultField> fields;  // NUM_OUTPUT_FIELDS
 };
+
+// A matching column counts when no cell is empty (or empty cells count as 0) and not all are.
+bool isMatchingColumnValid(const std::vector<std::string>& column, bool zeroEmptyCells);
 
 // Number of a row field's text; empty or unreadable text gives `fallback`.
 double fieldValue(const std::string& text, double fallback = 0.0);

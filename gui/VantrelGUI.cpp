@@ -185,6 +185,7 @@ void VantrelGUI::settingsToWidgets() {
         FXString().format("%d", settings.getInt("blackBodyTemperatureK_TF")));
     daylightTempField->setText(
         FXString().format("%d", settings.getInt("syntheticDaylightType_TF")));
+    setupTable();
     setWattsColumnTitle();
     setShowLEDs();
     enableDisableLEDchecks();
@@ -289,6 +290,10 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
         if (binding.widget != sender) continue;
         settings.setBool(binding.tag, static_cast<FXMenuCheck*>(binding.widget)->getCheck());
         if (binding.tag == "colorTabs") setTabColors();
+        if (binding.tag == "enableMatchingMenuItem") {
+            setupTable();
+            clearOutput();
+        }
     }
     return 1;
 }

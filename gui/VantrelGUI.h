@@ -229,6 +229,8 @@ class VantrelGUI : public FXMainWindow {
     bool checkDaylightInputs(double* temperature, FXuint keyOrZero);
     void writeSpectrumColumn(const double* spectrum, int numPoints);
     std::vector<double> readSpectrumColumn(int numPoints) const;
+    void fillInMatchingCurveData();
+    std::vector<double> readMatchingCurve(int numPoints) const;
     void showMixError(const MixRows& rows);
     void showOutcome();
     void clearOutput(bool andPlots = true);

@@ -54,6 +54,8 @@ MixSettings VantrelGUI::mixSettings(bool fromButton) const {
     s.limitUmolTo400_700 = settings.getBool("constrain_uMol_sW_to_400_700nm");
     s.subtractBluePeak = bluePeakChk->getCheck();
     s.ssiReference = settings.getInt("_referenceSpectrumForSSI") == 1 ? 1 : 0;
+    s.matching =
+        readMatchingCurve(s.includeIR ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS);
     return s;
 }
 
@@ -172,7 +174,10 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
         default:
             break;
     }
-    if (ok) showOutcome();
+    if (ok) {
+        matchingValid = !mixSettings().matching.empty();
+        showOutcome();
+    }
     getApp()->endWaitCursor();
     return 1;
 }
@@ -199,6 +204,37 @@ std::vector<double> VantrelGUI::readSpectrumColumn(int numPoints) const {
         spectrumFromColumn(column, settings.getInt("freeFormatInputUnitsIndex") == 3);
     spectrum.resize(Vantrel::NUM_GRID_POINTS_IR, 0.0);
     return spectrum;
+}
+
+void VantrelGUI::fillInMatchingCurveData() {
+    Table_zwk7* table = inputTables[spectrumRange];
+    if (table->getNumColumns() < 3 || displayTable->getNumColumns() < 3) return;
+    InputRows rows(table->getNumRows());
+    bool any = false;
+    for (int r = 0; r < table->getNumRows(); ++r) {
+        rows[r][0] = table->getItemText(r, 0).text();
+        rows[r][1] = table->getItemText(r, 2).text();
+        any = any || !table->getItemText(r, 2).trim().empty();
+    }
+    if (!any) return;
+    // The matching curve is optional: one that cannot be brought to the grid is left out.
+    const DirectInputResult input = interpolateSpectrum(rows, directInputOptions());
+    if (input.error) return;
+    for (std::size_t i = 0; i < input.column.size(); ++i) {
+        displayTable->setItemText(static_cast<FXint>(i), 2, input.column[i].c_str());
+    }
+}
+
+std::vector<double> VantrelGUI::readMatchingCurve(int numPoints) const {
+    if (!settings.getBool("enableMatchingMenuItem") || displayTable->getNumColumns() < 3) {
+        return {};
+    }
+    std::vector<std::string> column(std::min(numPoints, displayTable->getNumRows()));
+    for (std::size_t i = 0; i < column.size(); ++i) {
+        column[i] = displayTable->getItemText(static_cast<FXint>(i), 2).text();
+    }
+    if (!isMatchingColumnValid(column, settings.getBool("zeroEmptyCellsMenuItem"))) return {};
+    return spectrumFromColumn(column, settings.getInt("freeFormatInputUnitsIndex") == 3);
 }
 
 // --- Analysis types ----------------------------------------------------------------------------
@@ -237,6 +273,7 @@ bool VantrelGUI::calculateDirectInput() {
     }
     // What the display table shows, at its printed digits, is what is measured.
     mixedSpectrum = readSpectrumColumn(n);
+    fillInMatchingCurveData();
     lastOutcome = model->calculateSpectrum(mixedSpectrum.data(), mixSettings(), fieldFormat());
     return true;
 }

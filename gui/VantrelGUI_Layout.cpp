@@ -97,7 +97,7 @@ void VantrelGUI::buildTables(FXComposite* parent) {
         return table;
     };
     displayTable = makeTable(Vantrel::NUM_GRID_POINTS, -1);
-    displayTable->setEditable(FALSE);
+    // Only the matching column of the display table takes input; see fillWavelengthColumns.
     for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
         const InputTableGrid grid = inputTableGrid(r, false);
         inputTables[r] =
@@ -125,17 +125,37 @@ void VantrelGUI::buildPlotSide(FXComposite* parent) {
 
 // --- Tables ------------------------------------------------------------------------------------
 
+void VantrelGUI::setupTable() {
+    // A third column holds the matching curve; the other columns keep their cells.
+    const int columns = settings.getBool("enableMatchingMenuItem") ? 3 : 2;
+    Table_zwk7* tables[NUM_SPECTRUM_RANGES + 1] = {displayTable};
+    std::copy(std::begin(inputTables), std::end(inputTables), tables + 1);
+    for (Table_zwk7* table : tables) {
+        if (table->getNumColumns() < columns) table->insertColumns(2, 1);
+        if (table->getNumColumns() > columns) table->removeColumns(2, 1);
+        const int width = columns == 3 ? 78 : 115;
+        for (int c = 0; c < columns; ++c) table->setColumnWidth(c, width);
+    }
+    setTableColumnTitles();
+}
+
 void VantrelGUI::fillWavelengthColumns() {
     const bool ir = irChk != nullptr && irChk->getCheck();
     const int rows = ir ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS;
-    if (displayTable->getNumRows() != rows) displayTable->setTableSize(rows, 2);
+    if (displayTable->getNumRows() != rows) {
+        displayTable->setTableSize(rows, displayTable->getNumColumns());
+    }
     for (int i = 0; i < rows; ++i) {
         displayTable->setItemText(i, 0, FXString().format("%.0lf", 360.0 + 2.0 * i));
+        displayTable->disableItem(i, 0);
+        displayTable->disableItem(i, 1);
     }
     for (int r = 0; r < RANGE_FREE_FORMAT; ++r) {
         const InputTableGrid grid = inputTableGrid(r, ir);
         Table_zwk7* table = inputTables[r];
-        if (table->getNumRows() != grid.rows) table->setTableSize(grid.rows, 2);
+        if (table->getNumRows() != grid.rows) {
+            table->setTableSize(grid.rows, table->getNumColumns());
+        }
         for (int i = 0; i < grid.rows; ++i) {
             table->setItemText(i, 0, FXString().format("%.0lf", grid.firstNm + grid.stepNm * i));
             table->disableItem(i, 0);  // fixed wavelengths

@@ -197,7 +197,7 @@ void VantrelGUI::buildMenus() {
         check("Limit umol/s and umol/J to 400 nm to 700 nm", "constrain_uMol_sW_to_400_700nm")};
     addMenu("Outputs", outputs, std::size(outputs));
 
-    const MenuItemDef matching[] = {cmd("Matching mode"),
+    const MenuItemDef matching[] = {check("Matching mode", "enableMatchingMenuItem"),
                                     cmd("Plot normalized data"),
                                     cmd("Clear matching spectrum data"),
                                     cmd("Unknown"),

@@ -215,3 +215,23 @@ TEST(CalculateModelRun, AMixOfCatalogueRowsGivesEveryField) {
     const ledTypeStruct& green = model.spectra()[3];
     EXPECT_DOUBLE_EQ(green.coefficient, 1000.0 / green.lumens);
 }
+
+TEST(Matching, AColumnCountsWhenFullOrWhenEmptyCellsAreZero) {
+    EXPECT_TRUE(isMatchingColumnValid({"1", "2", "3"}, false));
+    EXPECT_FALSE(isMatchingColumnValid({"1", " ", "3"}, false));
+    EXPECT_TRUE(isMatchingColumnValid({"1", " ", "3"}, true));
+    EXPECT_FALSE(isMatchingColumnValid({"", " "}, true)) << "an all-empty column never counts";
+
+    CalculateModel model;
+    double spectrum[Vantrel::NUM_GRID_POINTS_IR];
+    blackBodySpectrum(3000.0, Vantrel::NUM_GRID_POINTS, spectrum);
+    MixSettings settings;
+    settings.analysisType = 1;
+    settings.matching.assign(spectrum, spectrum + Vantrel::NUM_GRID_POINTS);
+    for (double& v : settings.matching) v *= 3.0;
+    CalculateOutcome outcome = model.calculateSpectrum(spectrum, settings, FieldFormat());
+    EXPECT_EQ(outcome.fields[56].text, "0.00");
+    settings.subtractBluePeak = true;  // the third column then holds no match
+    outcome = model.calculateSpectrum(spectrum, settings, FieldFormat());
+    EXPECT_EQ(outcome.fields[56].text, "N/A");
+}

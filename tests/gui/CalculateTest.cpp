@@ -340,3 +340,44 @@ TEST_F(MainWindow, WindowAndCommandLineToolGiveTheSameTexts) {
         EXPECT_EQ(result(row[i].first.c_str()), row[i].second) << row[i].first;
     }
 }
+
+TEST_F(MainWindow, MatchingModeComparesTheResultWithTheThirdColumn) {
+    auto* matching = static_cast<FXMenuCheck*>(gui->getOptionWidget("enableMatchingMenuItem"));
+    matching->setCheck(TRUE);
+    gui->onCmdOptionCheck(matching, 0, nullptr);
+    ASSERT_EQ(gui->getInputTable(RANGE_360_830_5NM)->getNumColumns(), 3);
+    ASSERT_EQ(gui->getDisplayTable()->getNumColumns(), 3);
+    chooseRange(RANGE_360_830_5NM);
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_5NM);
+    // A warm-white-like ramp in the spectrum column, the same shape (doubled) as the match.
+    for (int r = 0; r < table->getNumRows(); ++r) {
+        const double v = 0.001 * (r + 1);
+        table->setItemText(r, 1, FXString().format("%g", v));
+        table->setItemText(r, 2, FXString().format("%g", 2 * v));
+    }
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_TRUE(script.shown.empty()) << script.shown[0].text;
+    EXPECT_EQ(result("RMS"), "0.00") << "the same shape at another scale";
+    EXPECT_FALSE(gui->getDisplayTable()->getItemText(100, 2).empty());
+
+    for (int r = 0; r < table->getNumRows(); ++r) {
+        table->setItemText(r, 2, FXString().format("%g", 0.001 * (table->getNumRows() - r)));
+    }
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    EXPECT_GT(std::stod(result("RMS")), 1.0) << "a falling curve against a rising one";
+
+    // A matching column with holes counts only when empty cells count as 0.
+    auto* zeroEmpty = static_cast<FXMenuCheck*>(gui->getOptionWidget("zeroEmptyCellsMenuItem"));
+    zeroEmpty->setCheck(FALSE);
+    gui->onCmdOptionCheck(zeroEmpty, 0, nullptr);
+    for (int i = 0; i < 20; ++i) gui->getDisplayTable()->setItemText(i, 2, "");
+    gui->getInputTable(RANGE_360_830_5NM)->setItemText(0, 2, "");
+    for (int r = 0; r < table->getNumRows(); ++r) table->setItemText(r, 2, "");
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    EXPECT_EQ(result("RMS"), UNDEFINED_TERM);
+
+    matching->setCheck(FALSE);
+    gui->onCmdOptionCheck(matching, 0, nullptr);
+    EXPECT_EQ(gui->getDisplayTable()->getNumColumns(), 2);
+    EXPECT_EQ(table->getItemText(3, 1), "0.004") << "the spectrum column survives";
+}
