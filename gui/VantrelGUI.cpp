@@ -167,7 +167,8 @@ void VantrelGUI::readSettings() {
 
 void VantrelGUI::settingsToWidgets() {
     for (const OptionBinding& binding : optionBindings) {
-        const int value = settings.getInt(binding.tag);
+        const int value = binding.index >= 0 ? settings.getIndexed(binding.tag, binding.index)
+                                             : settings.getInt(binding.tag);
         const bool on = binding.radio ? value == binding.value : value != 0;
         if (binding.radio) {
             static_cast<FXMenuRadio*>(binding.widget)->setCheck(on);
@@ -199,7 +200,7 @@ void VantrelGUI::widgetsToSettings() {
                 settings.setInt(binding.tag, binding.value);
             }
         } else {
-            settings.setBool(binding.tag, static_cast<FXMenuCheck*>(binding.widget)->getCheck());
+            setCheckOption(binding);
         }
     }
     settings.setInt("analysisType", analysisType);
@@ -285,10 +286,19 @@ long VantrelGUI::onCmdQuit(FXObject*, FXSelector, void*) {
 
 // --- Options of the menus ----------------------------------------------------------------------
 
+void VantrelGUI::setCheckOption(const OptionBinding& binding) {
+    const bool on = static_cast<FXMenuCheck*>(binding.widget)->getCheck() == TRUE;
+    if (binding.index >= 0) {
+        settings.setIndexed(binding.tag, binding.index, on ? 1 : 0);
+    } else {
+        settings.setBool(binding.tag, on);
+    }
+}
+
 long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
     for (const OptionBinding& binding : optionBindings) {
         if (binding.widget != sender) continue;
-        settings.setBool(binding.tag, static_cast<FXMenuCheck*>(binding.widget)->getCheck());
+        setCheckOption(binding);
         if (binding.tag == "colorTabs") setTabColors();
         if (binding.tag == "enableMatchingMenuItem") {
             setupTable();
@@ -300,7 +310,10 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
 
 FXWindow* VantrelGUI::getOptionWidget(const std::string& tag, int value) const {
     for (const OptionBinding& binding : optionBindings) {
-        if (binding.tag == tag && (!binding.radio || binding.value == value)) return binding.widget;
+        const bool match = binding.radio        ? binding.value == value
+                           : binding.index >= 0 ? binding.index == value
+                                                : true;
+        if (binding.tag == tag && match) return binding.widget;
     }
     return nullptr;
 }

@@ -74,6 +74,10 @@ class VantrelGUI : public FXMainWindow {
         ID_STD_ILLUMINANT,  // 25 illuminants, then "Create all"
         ID_STD_ILLUMINANT_LAST = ID_STD_ILLUMINANT + 25,
         ID_CREATE_GAUSSIAN,
+        ID_RESET_CIE_ZOOM,
+        ID_SAVE_CIE_IMAGE,
+        ID_RESET_SPECTRUM_ZOOM,
+        ID_SAVE_SPECTRUM_IMAGE,
         ID_LAST
     };
 
@@ -323,8 +327,10 @@ class VantrelGUI : public FXMainWindow {
         std::string tag;   // the option
         int value;         // for a radio: the option's value when this radio is chosen
         bool radio;
+        int index;  // for a check of an indexed option: its entry; else -1
     };
     std::vector<OptionBinding> optionBindings;
+    void setCheckOption(const OptionBinding& binding);
 };
 
 #endif  // LUMIVAR_GUI_VANTRELGUI_H

@@ -5,6 +5,7 @@
 
 #include "AppConstants.h"
 #include "Fox_Fixes/Table_zwk7.h"
+#include "GamutClass.h"
 #include "StandardIlluminants.h"
 #include "ValueFormat.h"
 #include "VantrelGUI.h"
@@ -17,6 +18,7 @@ struct MenuItemDef {
     FXSelector id;       // 0: not in this build (greyed) unless bound to an option
     const char* option;  // settings option of a check or radio, or nullptr
     int value;           // the option's value for a radio
+    int index = -1;      // for a check of an indexed option: the entry it sets
 };
 
 namespace {
@@ -32,6 +34,9 @@ MenuItemDef check(const std::string& label, const char* option) {
 }
 MenuItemDef radio(const std::string& label, const char* option, int value) {
     return {label, ITEM_RADIO, 0, option, value};
+}
+MenuItemDef indexedCheck(const std::string& label, const char* option, int index) {
+    return {label, ITEM_CHECK, 0, option, 0, index};
 }
 MenuItemDef sep() { return {"", ITEM_SEPARATOR, 0, nullptr, 0}; }
 MenuItemDef cascade(const std::string& label) { return {label, ITEM_CASCADE, 0, nullptr, 0}; }
@@ -68,11 +73,11 @@ FXMenuPane* VantrelGUI::addMenu(const char* title, const MenuItemDef* items, int
                 break;
             case ITEM_CHECK:
                 widget = new FXMenuCheck(pane, item.label.c_str(), this, ID_OPTION_CHECK);
-                optionBindings.push_back({widget, item.option, 1, false});
+                optionBindings.push_back({widget, item.option, 1, false, item.index});
                 break;
             case ITEM_RADIO:
                 widget = new FXMenuRadio(pane, item.label.c_str(), this, ID_OPTION_RADIO);
-                optionBindings.push_back({widget, item.option, item.value, true});
+                optionBindings.push_back({widget, item.option, item.value, true, -1});
                 break;
             case ITEM_COMMAND:
                 widget = new FXMenuCommand(pane, item.label.c_str(), nullptr,
@@ -197,12 +202,13 @@ void VantrelGUI::buildMenus() {
         check("Limit umol/s and umol/J to 400 nm to 700 nm", "constrain_uMol_sW_to_400_700nm")};
     addMenu("Outputs", outputs, std::size(outputs));
 
-    const MenuItemDef matching[] = {check("Matching mode", "enableMatchingMenuItem"),
-                                    cmd("Plot normalized data"),
-                                    cmd("Clear matching spectrum data"),
-                                    cmd("Unknown"),
-                                    cmd("Plot spectrum difference"),
-                                    cmd("Enter title for matching curve...")};
+    const MenuItemDef matching[] = {
+        check("Matching mode", "enableMatchingMenuItem"),
+        check("Plot normalized data", "normalizeMatchingPlots"),
+        cmd("Clear matching spectrum data"),
+        cmd("Unknown"),
+        check("Plot spectrum difference", "plotMatchDifferenceMenuItem"),
+        cmd("Enter title for matching curve...")};
     addMenu("Matching", matching, std::size(matching));
 
     std::vector<MenuItemDef> userSpectra = {
@@ -225,9 +231,121 @@ void VantrelGUI::buildMenus() {
                                       cmd("New user colors file")};
     addMenu("User Colors", userColors, std::size(userColors));
 
-    const MenuItemDef ciePlot[] = {cmd("Customize CIE plot...")};
-    addMenu("CIE Plot", ciePlot, std::size(ciePlot));
-    const MenuItemDef spectrumPlot[] = {cmd("Customize/Save spectrum plot...")};
+    std::vector<MenuItemDef> ciePlot = {
+        radio("CIE 1931 2 degree (x, y)", "cieDiagramType", 0),
+        radio("CIE 1960 2 degree (u, v)", "cieDiagramType", 1),
+        radio("CIE 1976 2 degree (u', v')", "cieDiagramType", 2),
+        radio("CIE 2015 10 degree (x, y)", "cieDiagramType", 3),
+        radio("CIE 2015 10 degree (u', v')", "cieDiagramType", 4),
+        sep(),
+        radio("Color filled CIE space", "plotWhiteCIE", 0),
+        radio("Unfilled CIE space", "plotWhiteCIE", 1),
+        radio("White background", "whiteBackgroundForAllPlots", 1),
+        radio("Black background", "whiteBackgroundForAllPlots", 0),
+        cascade("Grid lines"),
+        radio("Grid lines over the whole diagram", "gridLinesType", 0),
+        radio("Grid lines outside the locus (all over when zoomed)", "gridLinesType", 1),
+        radio("Grid lines outside the locus", "gridLinesType", 2),
+        radio("No grid lines", "gridLinesType", 3),
+        end(),
+        sep(),
+        radio("Show black body locus", "blackBodyDaylightLocus", 0),
+        radio("Show black body and daylight locus", "blackBodyDaylightLocus", 1),
+        radio("Show black body or daylight locus", "blackBodyDaylightLocus", 2),
+        radio(ValueFormat::format("Show %s black body and daylight locus", TM30_NAME),
+              "blackBodyDaylightLocus", 3),
+        radio("Show no locus", "blackBodyDaylightLocus", 4),
+        cascade("CCT lines"),
+        radio("No CCT lines", "cctLinesLabelsType", 0),
+        radio("CCT lines without labels", "cctLinesLabelsType", 1),
+        radio("CCT lines with labels", "cctLinesLabelsType", 2),
+        radio("CCT lines with all labels", "cctLinesLabelsType", 3),
+        radio("CCT lines with all labels when zoomed", "cctLinesLabelsType", 4),
+        end(),
+        check("Show 100K CCT lines", "show100KCCTLines"),
+        check("Show wavelength markers", "showWavelengths"),
+        check("Show raw spectra with points and lines", "showPureColorsLines"),
+        check("Show ANSI C78.377-2008 quadrangles", "show2008ANSIbins"),
+        check("Show ANSI C78.377-2011 quadrangles", "show2011ANSIbins"),
+        check("Show ANSI C78.377-2015 quadrangles", "show2015ANSIbins"),
+        sep(),
+        cascade("MacAdam ellipses")};
+    for (int steps = 1; steps < ELLIPSE_CHOICE_COUNT; ++steps) {
+        ciePlot.push_back(
+            indexedCheck(ValueFormat::format("%d ellipses", steps), "multiMacAdamArray", steps));
+    }
+    ciePlot.push_back(end());
+    ciePlot.push_back(cascade("u'v' circles"));
+    for (int steps = 1; steps < ELLIPSE_CHOICE_COUNT; ++steps) {
+        ciePlot.push_back(
+            indexedCheck(ValueFormat::format("%d circles", steps), "multiUpVpCircleArray", steps));
+    }
+    ciePlot.push_back(end());
+    ciePlot.push_back(indexedCheck("4-step ANSI C78.376 ellipses", "multiANSIMacAdamArray", 0));
+    ciePlot.push_back(cascade("Ellipse color"));
+    ciePlot.push_back(radio("Black", "ellipseColorIndex", 0));
+    ciePlot.push_back(radio("Red", "ellipseColorIndex", 1));
+    ciePlot.push_back(radio("Blue", "ellipseColorIndex", 2));
+    ciePlot.push_back(end());
+    ciePlot.push_back(check("Use thick line", "useThickLineForEllipseCircles"));
+    ciePlot.push_back(sep());
+    ciePlot.push_back(cascade("Gamuts"));
+    {
+        const GamutClass gamuts;
+        for (int g = 0; g < gamuts.getNumberOfStandardGamuts(); ++g) {
+            ciePlot.push_back(indexedCheck(gamuts.getGamutName(g), "showGamut", g));
+        }
+    }
+    ciePlot.push_back(end());
+    ciePlot.push_back(radio("Out-of-gambit color - Normal", "outOfGamutType", 0));
+    ciePlot.push_back(radio("Out-of-gambit color - Gray", "outOfGamutType", 1));
+    ciePlot.push_back(radio("Out-of-gambit color - Dimmed", "outOfGamutType", 2));
+    ciePlot.push_back(radio("Out-of-gambit color - Background", "outOfGamutType", 3));
+    ciePlot.push_back(check("Draw gamut boundary line", "drawGamutLines"));
+    ciePlot.push_back(check("Solid gamut boundary lines", "solidGamutLines"));
+    ciePlot.push_back(sep());
+    ciePlot.push_back(check("Write the photometry on the plot", "writePhotometryToCIE_Plot"));
+    ciePlot.push_back(check("White photometry/MacAdam/u'v' labels (only with black background)",
+                            "whiteEllipseCirclePhotometricText"));
+    ciePlot.push_back(sep());
+    ciePlot.push_back(check("Zoom in on the white region", "cieDiagramZoomed_Chk"));
+    ciePlot.push_back(check("Enable SmartZoom (center at x,y)", "enableSmartZoom"));
+    ciePlot.push_back(check("Enable click && drag zoom/pan", "enableClick_n_DragZoomPan"));
+    ciePlot.push_back(cmd("Reset zoom", ID_RESET_CIE_ZOOM));
+    ciePlot.push_back(sep());
+    ciePlot.push_back(cmd("Save CIE plot image...", ID_SAVE_CIE_IMAGE));
+    ciePlot.push_back(cmd("Customize CIE plot..."));
+    addMenu("CIE Plot", ciePlot.data(), static_cast<int>(ciePlot.size()));
+
+    const MenuItemDef spectrumPlot[] = {
+        check("Show grid lines", "showSpectrumGridLines"),
+        check("Draw a box around the plot", "showBoxAroundSpectrumPlot"),
+        radio("Plot without rainbow", "colorSpectrumPlotType", 0),
+        radio("Plot with rainbow under curve", "colorSpectrumPlotType", 1),
+        radio("Plot with rainbow background", "colorSpectrumPlotType", 2),
+        check("Show the color peak lines", "showSpectrumPlotColorLines"),
+        check("Show color patch (colors and filters)", "showColorPatchOnSpectrumPlot"),
+        check("Plot filters and colors at full scale", "filtersColorsAt100"),
+        check("Plot photons as umol/(s-nm)", "yAxis_uMolS_SpectrumPlot"),
+        sep(),
+        check("Write the photometry or the filter/color name on the plot",
+              "writePhotometryToSpectrumPlot"),
+        cascade("Legend position"),
+        radio("Top left", "spectrumPlotLegendPosition", 0),
+        radio("Top right", "spectrumPlotLegendPosition", 1),
+        radio("Bottom right", "spectrumPlotLegendPosition", 2),
+        radio("Bottom left", "spectrumPlotLegendPosition", 3),
+        end(),
+        check("Fill the legend background", "fillLedgendBackground"),
+        sep(),
+        radio("black line for matching spectrum", "_matchingCurveType", 0),
+        radio("Red line for matching spectrum", "_matchingCurveType", 1),
+        radio("Blue line for matching spectrum", "_matchingCurveType", 2),
+        sep(),
+        check("Enable mouse wheel zoom", "enableMouseWheelSpecZoomMenuItem"),
+        cmd("Reset min/max x-axis values", ID_RESET_SPECTRUM_ZOOM),
+        cmd("Save spectrum plot image...", ID_SAVE_SPECTRUM_IMAGE),
+        cmd("Customize/Save spectrum plot...")};
     addMenu("Spectrum Plot", spectrumPlot, std::size(spectrumPlot));
     const MenuItemDef tm30[] = {cmd(ValueFormat::format(
         "IES %s chroma shifts, hue shifts and Rf histograms for the %d hues", TM30_NAME, 16))};
