@@ -314,3 +314,24 @@ TEST(SpectrumPlot, CanvasBelowTenPixelsKeepsThePreviousImage) {
     EXPECT_EQ(p.plot.getImage(), before);
     EXPECT_EQ(before->getWidth(), W);
 }
+
+TEST(SpectrumPlot, ColourPatchSitsInTheChosenCornerInsideABlackFrame) {
+    const int textHeight = guiTestApp()->getNormalFont()->getFontHeight();
+    for (int corner = 0; corner < 4; ++corner) {
+        Plot p;
+        SpectrumPlotOptions o = mainOnly();
+        o.analysisType = o.colorPlotType;
+        o.drawPatch = true;
+        o.legendPosition = corner;
+        p.plot.setPatchColor(FXRGB(200, 120, 40));
+        p.draw(std::vector<double>(N, 0.0), o);
+        const bool right = corner == 1 || corner == 2;
+        const bool bottom = corner >= 2;
+        const int left = right ? p.right - 5 - 50 : p.left + 5;  // 50 x 30 at scale 1
+        const int top = bottom ? p.bottom - textHeight - 30 : p.top + 5;
+        EXPECT_TRUE(channelsNear(p.plot.getPixel(left + 25, top + 15), 200, 120, 40)) << corner;
+        EXPECT_TRUE(channelsNear(p.plot.getPixel(left - 1, top + 15), 0, 0, 0)) << corner;
+        EXPECT_TRUE(channelsNear(p.plot.getPixel(left + 25, top + 30), 0, 0, 0)) << corner;
+        EXPECT_TRUE(channelsNear(p.plot.getPixel(left + 25, top + 32), 255, 255, 255)) << corner;
+    }
+}
