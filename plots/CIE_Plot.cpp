@@ -119,6 +119,26 @@ void CIE_Plot::setMacAdamsInfo(bool single, double x, double y, double userSteps
     macAdamInfo.thick = thick;
 }
 
+void CIE_Plot::setUpANSISEllipseInfo(const bool* enabled, bool thick) {
+    ansiEllipseEnabled.assign(enabled, enabled + Vantrel::getNumANSIEllipses());
+    ansiThick = thick;
+}
+
+void CIE_Plot::drawUserEllipse(bool show, double x, double y, double a, double b, double theta,
+                               double steps) {
+    drawUserEllipseFlag = show;
+    userEllipse = {x, y, a, b, theta};
+    userEllipseSteps = steps;
+}
+
+void CIE_Plot::drawUserEllipseArray(int n, const double* x, const double* y, const double* a,
+                                    const double* b, const double* theta, double steps) {
+    userEllipses.clear();
+    for (int i = 0; i < n; ++i) userEllipses.push_back({x[i], y[i], a[i], b[i], theta[i]});
+    drawUserEllipseArrayFlag = n > 0;
+    userEllipseArraySteps = steps;
+}
+
 void CIE_Plot::setUpVpCircleInfo(bool single, double x, double y, double userRadius,
                                  const bool stepsEnabled[NUM_STEP_FLAGS], bool thick) {
     circleInfo.single = single;

@@ -136,6 +136,14 @@ class CIE_Plot {
                          const bool stepsEnabled[NUM_STEP_FLAGS], bool thick);
     void setUpVpCircleInfo(bool single, double x, double y, double userRadius,
                            const bool stepsEnabled[NUM_STEP_FLAGS], bool thick);
+    // One flag per ANSI C78.376 ellipse (Vantrel::getNumANSIEllipses()), drawn at 4 steps.
+    void setUpANSISEllipseInfo(const bool* enabled, bool thick);
+    // An ellipse of the user's own a, b and theta (as the engine takes them) at x, y, by steps.
+    void drawUserEllipse(bool show, double x, double y, double a, double b, double theta,
+                         double steps);
+    // Several user ellipses; n 0 switches them off.
+    void drawUserEllipseArray(int n, const double* x, const double* y, const double* a,
+                              const double* b, const double* theta, double steps);
     void setEllipseColor(int choice);
     void allowPlottingOfMacAdamsEllipsesOn10DegDiagrams(bool allow) { macAdamOn10Deg = allow; }
 
@@ -156,6 +164,9 @@ class CIE_Plot {
     static const FillTable& getFillTable(int type);
     // Rows of a type's table (vertical limit x 10000).
     static int getTableRows(int type);
+    // Corners (x,y of CIE 1931, nominal CCT order) of the ANSI C78.377 quadrangles of an
+    // edition (2008, 2011 or 2015); returns the number of quadrangles, 0 for another year.
+    static int getAnsiQuadrangles(int edition, const double (**corners)[4][2], const int** nominal);
     // Fill colour (R, G, B 0 to 255) of a chromaticity x, y, as the colour fill makes it.
     void getFillColor(double x, double y, int* r, int* g, int* b) const;
 
@@ -193,7 +204,10 @@ class CIE_Plot {
     void drawSymbols(FXDCWindow& dc);
     void drawSymbol(FXDCWindow& dc, int type, int cx, int cy, double s);
     void drawLabel(FXDCWindow& dc, int i, int cx, int cy, double s);
-    void drawEllipses(FXDCWindow& dc);
+    void drawEllipses(FXDCWindow& dc, bool macAdam);
+    void drawUserEllipses(FXDCWindow& dc);
+    void drawANSIEllipses(FXDCWindow& dc);
+    void drawAnsiQuadrangles(FXDCWindow& dc);
     void drawPhotometry(FXDCWindow& dc);
     void drawCaptions(FXDCWindow& dc);
     void drawMasks(FXDCWindow& dc);
@@ -297,6 +311,15 @@ class CIE_Plot {
         bool thick = false;
     };
     EllipseInfo macAdamInfo, circleInfo;
+    std::vector<bool> ansiEllipseEnabled;
+    bool ansiThick = false;
+    struct UserEllipse {
+        double x, y, a, b, theta;
+    };
+    bool drawUserEllipseFlag = false, drawUserEllipseArrayFlag = false;
+    UserEllipse userEllipse{};
+    std::vector<UserEllipse> userEllipses;
+    double userEllipseSteps = 1.0, userEllipseArraySteps = 1.0;
 };
 
 #endif  // LUMIVAR_PLOTS_CIE_PLOT_H

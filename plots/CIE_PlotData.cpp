@@ -3,6 +3,7 @@
 // comparisons instead of a polygon test.
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <mutex>
 #include <vector>
 
@@ -119,4 +120,62 @@ const CIE_Plot::FillTable& CIE_Plot::getFillTable(int type) {
     if (type < 0 || type >= NUM_DIAGRAM_TYPES) type = 0;
     std::call_once(once[type], [type] { makeFillTable(type, &tables[type]); });
     return tables[type];
+}
+
+namespace {
+// ANSI_NEMA_ANSLG C78.377 chromaticity quadrangles of solid-state lighting products, CIE 1931
+// x,y, corners in the order (low CCT, upper Duv), (high CCT, upper), (high CCT, lower),
+// (low CCT, lower). Each quadrangle keeps its own corners as published, so corners shared with
+// a neighbour may differ in the last digit.
+//
+// C78.377-2008, quadrangle corner table, 2700 K to 6500 K.
+const int NOMINAL_2008[] = {2700, 3000, 3500, 4000, 4500, 5000, 5700, 6500};
+const double QUADS_2008[][4][2] = {
+    {{0.4813, 0.4319}, {0.4562, 0.4260}, {0.4373, 0.3893}, {0.4593, 0.3944}},
+    {{0.4562, 0.4260}, {0.4299, 0.4165}, {0.4147, 0.3814}, {0.4373, 0.3893}},
+    {{0.4299, 0.4165}, {0.3996, 0.4015}, {0.3889, 0.3690}, {0.4147, 0.3814}},
+    {{0.4006, 0.4044}, {0.3736, 0.3874}, {0.3670, 0.3578}, {0.3898, 0.3716}},
+    {{0.3736, 0.3874}, {0.3548, 0.3736}, {0.3512, 0.3465}, {0.3670, 0.3578}},
+    {{0.3551, 0.3760}, {0.3376, 0.3616}, {0.3366, 0.3369}, {0.3515, 0.3487}},
+    {{0.3376, 0.3616}, {0.3207, 0.3462}, {0.3222, 0.3243}, {0.3366, 0.3369}},
+    {{0.3205, 0.3481}, {0.3028, 0.3304}, {0.3068, 0.3113}, {0.3221, 0.3261}},
+};
+// C78.377-2011, 2700 K to 6500 K. The 2015 edition keeps these eight and adds 2200 K and 2500 K
+// (target CCT 2238 +- 102 K and 2460 +- 120 K, Duv 0 +- 0.006, published centres (0.5018,
+// 0.4153) and (0.4806, 0.4141)); their corners are the Planck-offset points at those CCT and
+// Duv limits, computed with the CIE 1931 observer as the 2008 table was (which they reproduce
+// to the 4th decimal), and the 2500 K high-CCT corners meet the 2700 K low-CCT corners.
+const int NOMINAL_2015[] = {2200, 2500, 2700, 3000, 3500, 4000, 4500, 5000, 5700, 6500};
+const double QUADS_2015[][4][2] = {
+    {{0.5259, 0.4342}, {0.5045, 0.4344}, {0.4799, 0.3967}, {0.4993, 0.3967}},
+    {{0.5045, 0.4344}, {0.4813, 0.4319}, {0.4593, 0.3944}, {0.4799, 0.3967}},
+    {{0.4813, 0.4319}, {0.4562, 0.4260}, {0.4373, 0.3893}, {0.4593, 0.3944}},
+    {{0.4562, 0.4260}, {0.4303, 0.4173}, {0.4150, 0.3821}, {0.4373, 0.3893}},
+    {{0.4303, 0.4173}, {0.4003, 0.4035}, {0.3895, 0.3709}, {0.4150, 0.3821}},
+    {{0.4003, 0.4035}, {0.3737, 0.3880}, {0.3671, 0.3583}, {0.3895, 0.3709}},
+    {{0.3737, 0.3882}, {0.3550, 0.3754}, {0.3514, 0.3482}, {0.3672, 0.3585}},
+    {{0.3550, 0.3753}, {0.3375, 0.3619}, {0.3366, 0.3373}, {0.3515, 0.3481}},
+    {{0.3375, 0.3619}, {0.3205, 0.3476}, {0.3221, 0.3256}, {0.3366, 0.3374}},
+    {{0.3205, 0.3477}, {0.3026, 0.3311}, {0.3067, 0.3119}, {0.3221, 0.3255}},
+};
+constexpr int FIRST_2011 = 2;  // the 2011 edition is the 2015 table from 2700 K
+}  // namespace
+
+int CIE_Plot::getAnsiQuadrangles(int edition, const double (**corners)[4][2], const int** nominal) {
+    switch (edition) {
+        case 2008:
+            *corners = QUADS_2008;
+            *nominal = NOMINAL_2008;
+            return static_cast<int>(std::size(QUADS_2008));
+        case 2011:
+            *corners = QUADS_2015 + FIRST_2011;
+            *nominal = NOMINAL_2015 + FIRST_2011;
+            return static_cast<int>(std::size(QUADS_2015)) - FIRST_2011;
+        case 2015:
+            *corners = QUADS_2015;
+            *nominal = NOMINAL_2015;
+            return static_cast<int>(std::size(QUADS_2015));
+        default:
+            return 0;
+    }
 }

@@ -431,10 +431,14 @@ void CIE_Plot::drawLayers(FXDCWindow& dc) {
         drawLocusLines(dc);
         drawCCTlines(dc);
     }
+    drawAnsiQuadrangles(dc);
     if (gridType == 0 || (gridType == 1 && isZoomed())) drawGridLines(dc);
     drawGamuts(dc);
     drawSymbols(dc);
-    drawEllipses(dc);
+    drawEllipses(dc, true);
+    drawUserEllipses(dc);
+    drawANSIEllipses(dc);
+    drawEllipses(dc, false);
     drawPhotometry(dc);
     drawCaptions(dc);
     drawMasks(dc);
@@ -534,42 +538,6 @@ void CIE_Plot::drawGridLines(FXDCWindow& dc) {
     for (double v : tickValues(yMin, yMax, tickStep, nullptr)) {
         const int y = toInt(y_to_screen(v));
         dc.drawLine(left - ext, y, right + ext, y);
-    }
-}
-
-void CIE_Plot::drawGamuts(FXDCWindow& dc) {
-    const bool oogMode = grayOutOfGamut || dimOutOfGamut || backgroundOutOfGamut;
-    if (!drawGamutBoundary && oogMode) return;
-    const bool tenDegree = diagramType == 3 || diagramType == 4;
-    dc.setForeground(blackColor);
-    for (int g = 0; g < GamutClass::USER_GAMUT && !tenDegree; ++g) {
-        if (!gamutSelected[g]) continue;
-        const int n = gamut.getNumPointsInGamut(g);
-        std::vector<double> xs(n), ys(n);
-        gamut.getGamutPoints(g, xs.data(), ys.data());
-        std::vector<Pt> poly;
-        for (int k = 0; k < n; ++k) poly.push_back(toDiagram(xs[k], ys[k]));
-        if (poly.empty()) continue;
-        poly.push_back(poly.front());
-        const int nd = gamut.getNumDahsesInGamutLine(g);
-        if (solidGamutLines || nd <= 0) {
-            dc.setLineStyle(LINE_SOLID);
-        } else {
-            char dashes[GamutClass::MAX_DASHES];
-            gamut.getGamutLineStyleParameters(g, dashes);
-            for (int k = 0; k < nd; ++k) dashes[k] = static_cast<char>(dashes[k] * scaleFactor);
-            dc.setDashes(0, dashes, nd);
-            dc.setLineStyle(LINE_ONOFF_DASH);
-        }
-        drawPolyline(dc, poly.data(), static_cast<int>(poly.size()));
-    }
-    dc.setLineStyle(LINE_SOLID);
-    if (gamutSelected[GamutClass::USER_GAMUT]) {
-        for (const std::vector<Pt>& poly : userGamuts) {
-            std::vector<Pt> d;
-            for (const Pt& p : poly) d.push_back(toDiagram(p.x, p.y));
-            drawPolyline(dc, d.data(), static_cast<int>(d.size()));
-        }
     }
 }
 
@@ -679,45 +647,6 @@ void CIE_Plot::drawEllipseXY(FXDCWindow& dc, const double* xs, const double* ys)
     drawPolyline(dc, p, NUM_ELLIPSE_POINTS + 1);
 }
 
-// MacAdam ellipses and u'v' circles at the marked points (or at one given x,y).
-void CIE_Plot::drawEllipses(FXDCWindow& dc) {
-    dc.setForeground(ellipseColor);
-    constexpr int N = NUM_ELLIPSE_POINTS + 1;
-    double xs[N], ys[N];
-    for (int kind = 0; kind < 2; ++kind) {
-        const EllipseInfo& info = kind == 0 ? macAdamInfo : circleInfo;
-        if (kind == 0 && diagramType == 4 && !macAdamOn10Deg) continue;
-        std::vector<Pt> centres;
-        if (info.single) {
-            centres.push_back({info.x, info.y});
-        } else {
-            const std::vector<bool>& at = kind == 0 ? macAdamAtPoint : circleAtPoint;
-            for (int i = 0; i < numPoints; ++i) {
-                if (at[i] && !secondaryPoint[i]) centres.push_back(toXY(points[i].x, points[i].y));
-            }
-        }
-        dc.setLineWidth(info.thick ? 2 * lineWidth : lineWidth);
-        for (const Pt& c : centres) {
-            std::vector<double> steps;
-            for (int s = 0; s < NUM_STEP_FLAGS; ++s) {
-                if (info.steps[s] && s > 0) steps.push_back(s);
-            }
-            if (info.steps[10] && info.user > 0.0001) steps.push_back(info.user);
-            for (double s : steps) {
-                if (kind == 0) {
-                    double a, b, th, g11, g12, g22;
-                    vantrel.getMacAdamEllipseArray_xy(N, s, c.x, c.y, xs, ys, &a, &b, &th, &g11,
-                                                      &g12, &g22);
-                } else {
-                    Vantrel::getUpVpEllipseArray_xy(N, s, c.x, c.y, xs, ys);
-                }
-                drawEllipseXY(dc, xs, ys);
-            }
-        }
-    }
-    dc.setLineWidth(lineWidth);
-}
-
 void CIE_Plot::drawPhotometry(FXDCWindow& dc) {
     if (numPoints < 1 || !writePhotometry || photometry.empty()) return;
     std::vector<FXString> lines;
@@ -745,51 +674,6 @@ void CIE_Plot::drawPhotometry(FXDCWindow& dc) {
     photometryBox[0] = xMin + (x - leftPad) * sx;
     photometryBox[1] = yMin + ((canvasHeight - bottomPad) - (top + fh / 2)) * sy;
     photometryBox[2] = xMin + (x + width - leftPad) * sx;
-}
-
-namespace {
-// "1, 2, 3.5" from the enabled steps and a user value (0 to 2 decimals, the fewest within
-// 0.001).
-std::string stepList(const bool* steps, double user) {
-    std::string out;
-    char text[32];
-    for (int s = 1; s < 11; ++s) {
-        if (!steps[s]) continue;
-        std::snprintf(text, sizeof text, "%d, ", s);
-        out += text;
-    }
-    if (steps[10] && user > 0.0001) {
-        int d = 0;
-        while (d < 2 && std::fabs(user * std::pow(10.0, d) - std::round(user * std::pow(10.0, d))) *
-                                std::pow(10.0, -d) >
-                            0.001) {
-            ++d;
-        }
-        std::snprintf(text, sizeof text, "%.*lf, ", d, user);
-        out += text;
-    }
-    if (out.size() >= 2) out.erase(out.size() - 2);
-    return out;
-}
-}  // namespace
-
-void CIE_Plot::drawCaptions(FXDCWindow& dc) {
-    const bool macAdamShown = !(diagramType == 4 && !macAdamOn10Deg);
-    const std::string m = macAdamShown ? stepList(macAdamInfo.steps, macAdamInfo.user) : "";
-    const std::string c = stepList(circleInfo.steps, circleInfo.user);
-    char first[96] = "", second[96] = "";
-    if (!m.empty()) std::snprintf(first, sizeof first, "%s MacAdam ellipses     ", m.c_str());
-    if (!c.empty()) std::snprintf(second, sizeof second, "%s u'v' circles", c.c_str());
-    if (!first[0] && !second[0]) return;
-    const int w1 = font->getTextWidth(first), w2 = boldFont->getTextWidth(second);
-    int left, top, right, bottom;
-    getPlotBoundaries(&left, &top, &right, &bottom);
-    const int x = (left + right - w1 - w2) / 2, y = bottom - font->getFontHeight() / 2;
-    dc.setForeground(textColor());
-    dc.drawText(x, y, first);
-    dc.setFont(boldFont);
-    dc.drawText(x + w1, y, second);
-    dc.setFont(font);
 }
 
 void CIE_Plot::drawMasks(FXDCWindow& dc) {

@@ -153,10 +153,13 @@ TEST(CIE_Plot, PointShowsItsSymbolColourAndSecondaryPointsAreWhiteInBlack) {
     const Rgb blue = d.drawnAt(0.45, 0.41);
     EXPECT_GT(blue.b, 200);
     EXPECT_LT(blue.r + blue.g, 60);
-    // A point outside the plot range draws nothing there once zoomed away from it.
-    d.plot->define_xy_plot_range(0.1, 0.3, 0.1, 0.3);
-    ASSERT_TRUE(d.plot->makeImage(SIZE, SIZE));
-    EXPECT_EQ(d.darkestNear(0.2, 0.2, 0) > 0, true);
+    // A hidden point draws no symbol: the fill shows through (away from grid and locus).
+    d.in.symbolVisible = {false};
+    d.in.x = {0.47};
+    d.in.y = {0.37};
+    d.draw();
+    const Rgb hidden = d.drawnAt(0.47, 0.37), fill = d.fillAt(0.47, 0.37);
+    EXPECT_EQ(hidden.b, fill.b);
 }
 
 TEST(CIE_Plot, PointsKeptFollowTheSeriesFlags) {
@@ -422,9 +425,61 @@ TEST(CIE_Plot, ZoomBoxOverlayLeavesTheDiagramUntouched) {
     ASSERT_TRUE(d.plot->makeImage(SIZE, SIZE));
     const Rgb after = d.fillAt(0.2, 0.7);
     EXPECT_EQ(before.g, after.g);
-    // The box is on the overlay only; the next real redraw has none.
+    // The box goes on a copy: the diagram's own image has no red box edge.
     const Rgb onBox = channels(d.plot->getPixel(150, 100));
-    EXPECT_NE(onBox.r == 255 && onBox.g == 0 && onBox.b == 0, true);
+    EXPECT_FALSE(onBox.r == 255 && onBox.g == 0 && onBox.b == 0);
+}
+
+// Neighbouring quadrangles of the 2011 and 2015 tables meet: a high-CCT corner of one is the
+// low-CCT corner of the next, to the last digit that each quadrangle stores on its own.
+TEST(CIE_Plot, AnsiQuadranglesOfOneEditionMeetTheirNeighbours) {
+    constexpr double SHARED_CORNER_TOL = 0.0003;
+    const struct {
+        int edition, count, first;
+    } editions[] = {{2008, 8, 2700}, {2011, 8, 2700}, {2015, 10, 2200}};
+    for (const auto& e : editions) {
+        const double(*q)[4][2];
+        const int* nominal;
+        ASSERT_EQ(CIE_Plot::getAnsiQuadrangles(e.edition, &q, &nominal), e.count);
+        EXPECT_EQ(nominal[0], e.first);
+        if (e.edition == 2008) continue;  // its Duv targets step between 3500 K and 4000 K
+        for (int i = 0; i + 1 < e.count; ++i) {
+            for (int c = 0; c < 2; ++c) {
+                EXPECT_NEAR(q[i][1][c], q[i + 1][0][c], SHARED_CORNER_TOL) << e.edition << i;
+                EXPECT_NEAR(q[i][2][c], q[i + 1][3][c], SHARED_CORNER_TOL) << e.edition << i;
+            }
+        }
+    }
+    const double(*q2015)[4][2];
+    const double(*q2011)[4][2];
+    const int* n;
+    CIE_Plot::getAnsiQuadrangles(2015, &q2015, &n);
+    CIE_Plot::getAnsiQuadrangles(2011, &q2011, &n);
+    EXPECT_EQ(q2015[2][0][0], q2011[0][0][0]);  // 2015 keeps the eight of 2011
+    EXPECT_EQ(n[0], 2700);
+}
+
+TEST(CIE_Plot, AnsiQuadranglesAreDrawnInGridGrayOnTwoDegreeDiagramsOnly) {
+    const double(*q)[4][2];
+    const int* nominal;
+    CIE_Plot::getAnsiQuadrangles(2015, &q, &nominal);
+    // Middle of the lower edge of the 2200 K quadrangle, far from the Planck locus.
+    const double x = (q[0][2][0] + q[0][3][0]) / 2, y = (q[0][2][1] + q[0][3][1]) / 2;
+    for (int type : {0, 2, 3}) {
+        Diagram d(type);
+        d.in.show2015Bins = true;
+        d.draw();
+        double a, b;
+        toDiagram(type, x, y, &a, &b);
+        bool gray = false;
+        for (int dy = -1; dy <= 1; ++dy) {
+            for (int dx = -1; dx <= 1; ++dx) {
+                const Rgb c = channels(d.plot->getPixel(d.sx(a) + dx, d.sy(b) + dy));
+                gray = gray || (c.r == 150 && c.g == 150 && c.b == 150);
+            }
+        }
+        EXPECT_EQ(gray, type != 3) << type;
+    }
 }
 
 }  // namespace
