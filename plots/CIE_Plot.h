@@ -62,6 +62,12 @@ struct CIE_PlotInput {
     bool drawGamutBoundary = false;      // gamut lines even while an out-of-gamut mode is on
 };
 
+// One bin box: four corners, x values then y values, in the diagram's own coordinates.
+struct CIE_PlotBin {
+    double x[4];
+    double y[4];
+};
+
 class CIE_Plot {
   public:
     static constexpr int NUM_DIAGRAM_TYPES = 5;
@@ -147,6 +153,10 @@ class CIE_Plot {
     void setEllipseColor(int choice);
     void allowPlottingOfMacAdamsEllipsesOn10DegDiagrams(bool allow) { macAdamOn10Deg = allow; }
 
+    // Copies count boxes with one filled flag each and redraws on canvas (when not null); a
+    // count below 1 only hides the boxes.
+    void defineBinBoxesAndPlot(FXCanvas* canvas, int count, const CIE_PlotBin* quads,
+                               const bool* filled);
     void setOutlineDataPoint(bool on) { outline = on; }
     void changeFontSize(int points);
     int getFontSize() const;
@@ -208,6 +218,7 @@ class CIE_Plot {
     void drawUserEllipses(FXDCWindow& dc);
     void drawANSIEllipses(FXDCWindow& dc);
     void drawAnsiQuadrangles(FXDCWindow& dc);
+    void drawBinBoxes(FXDCWindow& dc);
     void drawPhotometry(FXDCWindow& dc);
     void drawCaptions(FXDCWindow& dc);
     void drawMasks(FXDCWindow& dc);
@@ -313,6 +324,9 @@ class CIE_Plot {
     EllipseInfo macAdamInfo, circleInfo;
     std::vector<bool> ansiEllipseEnabled;
     bool ansiThick = false;
+    bool showBinBoxes = false;
+    std::vector<CIE_PlotBin> binBoxes;
+    std::vector<bool> binFilled;
     struct UserEllipse {
         double x, y, a, b, theta;
     };

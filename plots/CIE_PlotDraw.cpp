@@ -425,6 +425,7 @@ void CIE_Plot::drawLayers(FXDCWindow& dc) {
     dc.setFont(font);
     dc.setLineWidth(lineWidth);
     dc.setLineStyle(LINE_SOLID);
+    drawBinBoxes(dc);
     drawSpectrumLocus(dc);
     drawPureColorLines(dc);
     if (locusType != 4) {

@@ -190,3 +190,41 @@ void CIE_Plot::drawCaptions(FXDCWindow& dc) {
     dc.drawText(x + w1, y, second);
     dc.setFont(font);
 }
+
+void CIE_Plot::defineBinBoxesAndPlot(FXCanvas* canvas, int count, const CIE_PlotBin* quads,
+                                     const bool* filled) {
+    if (count < 1) {
+        showBinBoxes = false;
+        return;
+    }
+    binBoxes.assign(quads, quads + count);
+    binFilled.assign(filled, filled + count);
+    showBinBoxes = true;
+    diagramChanged = true;
+    if (canvas) drawPlot(canvas);
+}
+
+// Deliberate: the stored corners go through the u,v (or u',v') to x,y conversion and are then
+// placed as they come out, on every 2 degree diagram; bin files depend on it.
+void CIE_Plot::drawBinBoxes(FXDCWindow& dc) {
+    if (!showBinBoxes || diagramType > 2) return;
+    for (size_t b = 0; b < binBoxes.size(); ++b) {
+        FXPoint p[4];
+        for (int k = 0; k < 4; ++k) {
+            double x = binBoxes[b].x[k], y = binBoxes[b].y[k];
+            if (diagramType == 1)
+                Vantrel::get_xy_from_uv(binBoxes[b].x[k], binBoxes[b].y[k], &x, &y);
+            if (diagramType == 2) {
+                Vantrel::get_xy_from_upvp(binBoxes[b].x[k], binBoxes[b].y[k], &x, &y);
+            }
+            p[k].x = static_cast<FXshort>(static_cast<int>(x_to_screen(x)));
+            p[k].y = static_cast<FXshort>(static_cast<int>(y_to_screen(y)));
+        }
+        if (binFilled[b]) {
+            dc.setForeground(gridColor);
+            dc.fillPolygon(p, 4);
+        }
+        dc.setForeground(blackColor);
+        for (int k = 0; k < 4; ++k) dc.drawLine(p[k].x, p[k].y, p[(k + 1) % 4].x, p[(k + 1) % 4].y);
+    }
+}

@@ -482,4 +482,33 @@ TEST(CIE_Plot, AnsiQuadranglesAreDrawnInGridGrayOnTwoDegreeDiagramsOnly) {
     }
 }
 
+// A filled box is gray inside with black edges; on the u,v diagram its stored corners are
+// converted to x,y and placed at those numbers, which is deliberate.
+TEST(CIE_Plot, BinBoxesAreFilledGrayAndUVCornersLandAtTheirXY) {
+    auto grayAt = [](Diagram& d, double a, double b) {
+        const Rgb c = d.drawnAt(a, b);
+        return c.r == 150 && c.g == 150 && c.b == 150;
+    };
+    const CIE_PlotBin xyBox = {{0.41, 0.43, 0.43, 0.41}, {0.38, 0.38, 0.36, 0.36}};
+    const bool filled[1] = {true};
+    Diagram d(0);
+    d.plot->defineBinBoxesAndPlot(nullptr, 1, &xyBox, filled);
+    d.draw();
+    EXPECT_TRUE(grayAt(d, 0.42, 0.37));
+    EXPECT_LT(d.darkestNear(0.42, 0.38, 1), 60);  // the top edge
+    d.plot->defineBinBoxesAndPlot(nullptr, 0, nullptr, nullptr);
+    d.draw();
+    EXPECT_FALSE(grayAt(d, 0.42, 0.37));
+
+    // A box stored around u,v = (0.22, 0.33) lands at its x,y = (0.3667, 0.3667).
+    const CIE_PlotBin uvBox = {{0.21, 0.23, 0.23, 0.21}, {0.34, 0.34, 0.32, 0.32}};
+    Diagram uv(1);
+    uv.plot->defineBinBoxesAndPlot(nullptr, 1, &uvBox, filled);
+    uv.draw();
+    double x, y;
+    Vantrel::get_xy_from_uv(0.22, 0.33, &x, &y);
+    EXPECT_TRUE(grayAt(uv, x, y));
+    EXPECT_FALSE(grayAt(uv, 0.22, 0.33));
+}
+
 }  // namespace
