@@ -39,7 +39,20 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_MAIN_WINDOW_POSITION,
               VantrelGUI::onCmdMainWindowPosition),
     FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_FIT_TO_SCREEN, VantrelGUI::onCmdFitToScreenSize),
-    FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_PLOT_CANVAS, VantrelGUI::onCmdRedraw),
+    FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCmdRedraw),
+    FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_SPECTRUM_CANVAS, VantrelGUI::onCmdRedraw),
+    FXMAPFUNC(SEL_LEFTBUTTONPRESS, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_LEFTBUTTONRELEASE, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_RIGHTBUTTONPRESS, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_RIGHTBUTTONRELEASE, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_MIDDLEBUTTONRELEASE, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_MOTION, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_MOUSEWHEEL, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
+    FXMAPFUNC(SEL_MOUSEWHEEL, VantrelGUI::ID_SPECTRUM_CANVAS, VantrelGUI::onSpecCanvasMouseWheel),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_CIE_ZOOM, VantrelGUI::onCmdResetCIEZoom),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_SPECTRUM_ZOOM, VantrelGUI::onCmdResetSpectrumZoom),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_CIE_IMAGE, VantrelGUI::onCmdSavePlotImage),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_SPECTRUM_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_BLUE_PEAK_CHK, VantrelGUI::onCmdBluePeakChk),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECKED_LED, VantrelGUI::onCmdCheckedLED),
@@ -201,6 +214,7 @@ void VantrelGUI::widgetsToSettings() {
             }
         } else {
             setCheckOption(binding);
+            repaintPlots();
         }
     }
     settings.setInt("analysisType", analysisType);
@@ -304,6 +318,9 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
             setupTable();
             clearOutput();
         }
+        if (binding.tag == "cieDiagramZoomed_Chk" || binding.tag == "enableSmartZoom") {
+            resetCIEZoomPending = true;
+        }
     }
     return 1;
 }
@@ -351,7 +368,14 @@ long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
     } else if ((tag == "numDecimalsFor_xyDuv_etc" || tag == "gamutType") && resultsValid) {
         showOutcome();
     }
+    repaintPlots();
     return 1;
+}
+
+void VantrelGUI::repaintPlots() {
+    if (ciePlotCanvas == nullptr) return;
+    ciePlotCanvas->update();
+    spectrumPlotCanvas->update();
 }
 
 // --- Saved values ------------------------------------------------------------------------------
@@ -415,14 +439,5 @@ long VantrelGUI::onCmdAbout(FXObject*, FXSelector, void*) {
                              VERSION_MAJOR, VERSION_MINOR,
                              "Colour science of LED lighting: photometry, chromaticity, colour "
                              "rendering and spectra.");
-    return 1;
-}
-
-// The plot canvases stay blank until their plots are drawn into them.
-long VantrelGUI::onCmdRedraw(FXObject* sender, FXSelector, void* ptr) {
-    FXCanvas* canvas = static_cast<FXCanvas*>(sender);
-    FXDCWindow dc(canvas, static_cast<FXEvent*>(ptr));
-    dc.setForeground(FXRGB(255, 255, 255));
-    dc.fillRectangle(0, 0, canvas->getWidth(), canvas->getHeight());
     return 1;
 }

@@ -13,11 +13,13 @@
 #include <vector>
 
 #include "AddCommas.h"
+#include "CIE_Plot.h"
 #include "CalculateModel.h"
 #include "DirectInput.h"
 #include "OutputField.h"
 #include "ProgramSettings.h"
 #include "ResultFields.h"
+#include "SpectrumPlot.h"
 #include "TextToNumber.h"
 
 class Table_zwk7;
@@ -64,7 +66,8 @@ class VantrelGUI : public FXMainWindow {
         ID_RESULT_TABS,
         ID_MAIN_WINDOW_POSITION,
         ID_FIT_TO_SCREEN,
-        ID_PLOT_CANVAS,  // SEL_PAINT of the two plot canvases
+        ID_CIE_CANVAS,
+        ID_SPECTRUM_CANVAS,
         ID_CHECKED_LED,
         ID_LED_FIELD,  // mouse wheel over the dominant wavelength and bin fields
         ID_CHECKED_FILTER,
@@ -111,6 +114,11 @@ class VantrelGUI : public FXMainWindow {
     long onMouseBlackBodyTemp(FXObject*, FXSelector, void*);
     long onCmdStdIlluminant(FXObject*, FXSelector, void*);
     long onCmdCreateGaussian(FXObject*, FXSelector, void*);
+    long onCIECanvasMouse(FXObject*, FXSelector, void*);
+    long onSpecCanvasMouseWheel(FXObject*, FXSelector, void*);
+    long onCmdResetCIEZoom(FXObject*, FXSelector, void*);
+    long onCmdResetSpectrumZoom(FXObject*, FXSelector, void*);
+    long onCmdSavePlotImage(FXObject*, FXSelector, void*);
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }
@@ -153,6 +161,14 @@ class VantrelGUI : public FXMainWindow {
     void generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
                           bool save);
     FXTabBook* getResultTabs() const { return resultTabs; }
+    FXCanvas* getCIECanvas() const { return ciePlotCanvas; }
+    FXCanvas* getSpectrumCanvas() const { return spectrumPlotCanvas; }
+    CIE_Plot* getCIEPlot() const { return ciePlot.get(); }
+    SpectrumPlot* getSpectrumPlot() const { return spectrumPlot.get(); }
+    // Both plots drawn again, the diagram at its full range with resetZoom.
+    void redrawPlots(bool resetZoom = false);
+    // Both canvases repaint at the next paint event.
+    void repaintPlots();
     int numSavedXY() const { return static_cast<int>(savedXY.size()); }
     int numSavedR() const { return static_cast<int>(savedR.size()); }
     // Writes the settings file as Quit does, without quitting.
@@ -238,6 +254,10 @@ class VantrelGUI : public FXMainWindow {
     void showMixError(const MixRows& rows);
     void showOutcome();
     void clearOutput(bool andPlots = true);
+    int numGridPoints() const;
+    CIE_PlotInput ciePlotInput() const;
+    void drawCIE_Plot(bool reset);
+    void drawSpectrumPlot();
     void updatePhotometryStrings();
     void updateCalculateButton();
     void setSavedValuesCaptions();
@@ -257,6 +277,14 @@ class VantrelGUI : public FXMainWindow {
     CalculateOutcome lastOutcome;
     std::vector<double> mixedSpectrum;
     std::vector<double> plotWavelengths;
+    std::vector<double> matchingSpectrum;  // the valid matching curve of the last run, or none
+    std::unique_ptr<CIE_Plot> ciePlot;
+    std::unique_ptr<SpectrumPlot> spectrumPlot;
+    double spectrumMinNm = 0, spectrumMaxNm = 0;  // the wheel's window; 0: the whole grid
+    double spectrumShownMinNm = 360, spectrumShownMaxNm = 830;
+    int spectrumPads[4] = {};         // left, right, top, bottom of the last spectrum plot
+    bool resetCIEZoomPending = true;  // the diagram's range follows the zoom options
+    int dragStartX = 0, dragStartY = 0, dragButton = 0;  // zoom box (1) or pan (3) on the diagram
     std::vector<SpectrumPoint> points;
     PhotometryStrings photometry;
     std::string mainCurveName, savedMainCurveName;

@@ -145,12 +145,13 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
     double filters[Vantrel::NUM_GRID_POINTS_IR];
     filterProduct(filterSpectra, filtersChecked, filters);
 
-    if (analysisType == 5) {
-        plotFilterType();
-        return 1;
-    }
-    if (analysisType == 8) {
-        plotColorType();
+    if (analysisType == 5 || analysisType == 8) {
+        if (analysisType == 5) {
+            plotFilterType();
+        } else {
+            plotColorType();
+        }
+        repaintPlots();
         return 1;
     }
     resetBeforeCalculate();
@@ -175,9 +176,11 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
             break;
     }
     if (ok) {
-        matchingValid = !mixSettings().matching.empty();
+        matchingSpectrum = mixSettings().matching;
+        matchingValid = !matchingSpectrum.empty();
         showOutcome();
     }
+    repaintPlots();
     getApp()->endWaitCursor();
     return 1;
 }
@@ -465,8 +468,7 @@ void VantrelGUI::showOutcome() {
     plotWavelengths.resize(Vantrel::NUM_GRID_POINTS_IR);
     for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) plotWavelengths[i] = 360.0 + 2.0 * i;
     resultsValid = true;
-    ciePlotCanvas->update();
-    spectrumPlotCanvas->update();
+    repaintPlots();
 }
 
 void VantrelGUI::updatePhotometryStrings() {
@@ -484,9 +486,9 @@ void VantrelGUI::clearOutput(bool andPlots) {
     if (andPlots) {
         resultsValid = false;
         matchingValid = false;
+        matchingSpectrum.clear();
         points.clear();
-        ciePlotCanvas->update();
-        spectrumPlotCanvas->update();
+        repaintPlots();
     }
 }
 

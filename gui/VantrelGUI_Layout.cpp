@@ -111,8 +111,9 @@ void VantrelGUI::buildPlotSide(FXComposite* parent) {
         parent, SPLITTER_VERTICAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
     FXHorizontalFrame* plots = new FXHorizontalFrame(
         split, LAYOUT_FILL_X | LAYOUT_FIX_HEIGHT | FRAME_SUNKEN, 0, 0, 0, 330, 0, 0, 0, 0);
-    ciePlotCanvas = new FXCanvas(plots, this, ID_PLOT_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    spectrumPlotCanvas = new FXCanvas(plots, this, ID_PLOT_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    ciePlotCanvas = new FXCanvas(plots, this, ID_CIE_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    spectrumPlotCanvas =
+        new FXCanvas(plots, this, ID_SPECTRUM_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));
     spectrumPlotCanvas->setBackColor(FXRGB(255, 255, 255));
     resultTabs = new FXTabBook(split, this, ID_RESULT_TABS, LAYOUT_FILL_X | LAYOUT_FILL_Y);

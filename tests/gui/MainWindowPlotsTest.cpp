@@ -1,0 +1,96 @@
+// The two plots of the main window after a Calculate: what they are handed, their repaint, the
+// zoom by the mouse, and the image export.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "MainWindowFixture.h"
+
+namespace {
+class MainWindowPlots : public MainWindow {
+  protected:
+    void SetUp() override {
+        MainWindow::SetUp();
+        gui->resize(1400, 900);
+        gui->layout();
+        chooseAnalysis(2);  // a black body at 3000 K
+        gui->getBlackBodyField()->setText("3000");
+        gui->onCmdCalculate(nullptr, 0, nullptr);
+        ASSERT_TRUE(gui->hasResults());
+        gui->redrawPlots(true);
+    }
+    // Channel distance of two FOX colours.
+    static int distance(FXColor a, FXColor b) {
+        return std::max({std::abs(int(FXREDVAL(a)) - int(FXREDVAL(b))),
+                         std::abs(int(FXGREENVAL(a)) - int(FXGREENVAL(b))),
+                         std::abs(int(FXBLUEVAL(a)) - int(FXBLUEVAL(b)))});
+    }
+};
+}  // namespace
+
+TEST_F(MainWindowPlots, TheDiagramShowsTheResultAtItsChromaticity) {
+    CIE_Plot* plot = gui->getCIEPlot();
+    ASSERT_NE(plot, nullptr);
+    ASSERT_EQ(plot->getNumPoints(), 1);
+    double x = 0, y = 0;
+    plot->getPoint(0, &x, &y);
+    EXPECT_NEAR(x, std::stod(result("x")), 1e-4);
+    EXPECT_NEAR(y, std::stod(result("y")), 1e-4);
+    // The symbol sits on the point: not the fill colour of that chromaticity.
+    const int px = static_cast<int>(plot->x_to_screen(x)),
+              py = static_cast<int>(plot->y_to_screen(y));
+    EXPECT_GT(distance(plot->getPixel(px, py), plot->getFillPixel(px, py)), 40);
+}
+
+TEST_F(MainWindowPlots, TheDiagramTypeAndZoomFollowTheMenu) {
+    auto* upvp = static_cast<FXMenuRadio*>(gui->getOptionWidget("cieDiagramType", 2));
+    gui->onCmdOptionRadio(upvp, 0, nullptr);
+    gui->redrawPlots();
+    EXPECT_EQ(gui->getCIEPlot()->getDiagramType(), 2);
+    double xMin, xMax, yMin, yMax;
+    gui->getCIEPlot()->get_xy_plot_range(&xMin, &xMax, &yMin, &yMax);
+    EXPECT_NEAR(xMax - xMin, 0.65, 1e-9) << "full u' range";
+    auto* zoomed = static_cast<FXMenuCheck*>(gui->getOptionWidget("cieDiagramZoomed_Chk"));
+    zoomed->setCheck(TRUE);
+    gui->onCmdOptionCheck(zoomed, 0, nullptr);
+    gui->redrawPlots();
+    gui->getCIEPlot()->get_xy_plot_range(&xMin, &xMax, &yMin, &yMax);
+    EXPECT_NEAR(xMin, 0.1, 1e-9);
+    EXPECT_NEAR(yMax, 0.6, 1e-9);
+    // The wheel over the canvas zooms in about the centre.
+    FXEvent wheel;
+    wheel.code = 120;
+    gui->onCIECanvasMouse(gui->getCIECanvas(), FXSEL(SEL_MOUSEWHEEL, VantrelGUI::ID_CIE_CANVAS),
+                          &wheel);
+    double zMin, zMax, wMin, wMax;
+    gui->getCIEPlot()->get_xy_plot_range(&zMin, &zMax, &wMin, &wMax);
+    EXPECT_NEAR(zMax - zMin, 0.8 * (xMax - xMin), 1e-9);
+    EXPECT_NEAR(zMin + zMax, xMin + xMax, 1e-9);
+    gui->onCmdResetCIEZoom(nullptr, 0, nullptr);
+    gui->getCIEPlot()->get_xy_plot_range(&zMin, &zMax, &wMin, &wMax);
+    EXPECT_NEAR(zMin, 0.1, 1e-9) << "reset: back to the zoom option's window";
+}
+
+TEST_F(MainWindowPlots, TheSpectrumPlotCarriesTheResultAndBothPlotsExportAsBmp) {
+    ASSERT_NE(gui->getSpectrumPlot(), nullptr);
+    EXPECT_NE(gui->getSpectrumPlot()->getImage(), nullptr);
+    for (const char* name : {"cie.bmp", "spectrum.bmp"}) {
+        const std::string path = (folder / name).string();
+        script.files.push_back(path);
+        const bool cie = std::string(name) == "cie.bmp";
+        gui->onCmdSavePlotImage(nullptr,
+                                FXSEL(SEL_COMMAND, cie ? VantrelGUI::ID_SAVE_CIE_IMAGE
+                                                       : VantrelGUI::ID_SAVE_SPECTRUM_IMAGE),
+                                nullptr);
+        std::ifstream file(path, std::ios::binary);
+        char magic[2] = {};
+        file.read(magic, 2);
+        EXPECT_EQ(std::string(magic, 2), "BM") << name;
+        EXPECT_GT(std::filesystem::file_size(path), 10000u) << name;
+    }
+    // The two save dialogs and no box.
+    ASSERT_EQ(script.shown.size(), 2u);
+    EXPECT_EQ(script.shown[0].title, "Save CIE Plot");
+    EXPECT_EQ(script.shown[1].title, "Save spectrum plot");
+}
