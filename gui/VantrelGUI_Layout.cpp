@@ -109,9 +109,14 @@ void VantrelGUI::buildTables(FXComposite* parent) {
 void VantrelGUI::buildPlotSide(FXComposite* parent) {
     FXSplitter* split = new FXSplitter(
         parent, SPLITTER_VERTICAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
-    FXHorizontalFrame* plots = new FXHorizontalFrame(
-        split, LAYOUT_FILL_X | LAYOUT_FIX_HEIGHT | FRAME_SUNKEN, 0, 0, 0, 330, 0, 0, 0, 0);
-    ciePlotCanvas = new FXCanvas(plots, this, ID_CIE_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    FXHorizontalFrame* plotFrame = new FXHorizontalFrame(
+        split, LAYOUT_FILL_X | LAYOUT_FIX_HEIGHT | FRAME_SUNKEN, 0, 0, 0, 400, 0, 0, 0, 0);
+    // The user moves the border between the diagram and the spectrum; the diagram starts a
+    // little wider, as it needs about as much height as width.
+    FXSplitter* plots = new FXSplitter(
+        plotFrame, SPLITTER_HORIZONTAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
+    ciePlotCanvas = new FXCanvas(plots, this, ID_CIE_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0,
+                                 300, 0);
     spectrumPlotCanvas =
         new FXCanvas(plots, this, ID_SPECTRUM_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));

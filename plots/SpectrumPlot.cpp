@@ -533,14 +533,30 @@ void SpectrumPlot::drawAxes(FXDCWindow* dc, const SpectrumPlotOptions&) {
     const std::vector<double> ticks = getXTicks();
     const bool crowded = static_cast<int>(ticks.size()) * font->getTextWidth("000") > plotWidthPx();
     const int labelBaseline = plotBottom + tick + u + ascent;
+    // Labels by the rule above; on a plot too narrow even for those, a label that would run
+    // into the one before it is left out (the right end keeps its label and drops that one).
+    struct Label {
+        int left, right;
+        FXString text;
+    };
+    std::vector<Label> labels;
+    const int gap = 2 * u;
     for (size_t k = 0; k < ticks.size(); ++k) {
         const int x = static_cast<int>(nmToX(ticks[k]));
         dc->drawLine(x, plotBottom, x, plotBottom + tick);
         const bool end = k == 0 || (isFullWindow() && k + 1 == ticks.size());
         if (crowded && k % 2 == 1 && !end) continue;
-        const FXString label = formatNumber("%.0lf", ticks[k], false);
-        dc->drawText(x - font->getTextWidth(label) / 2, labelBaseline, label);
+        const FXString text = formatNumber("%.0lf", ticks[k], false);
+        const int left = x - font->getTextWidth(text) / 2;
+        const Label label = {left, left + font->getTextWidth(text), text};
+        const bool rightEnd = k > 0 && end;
+        if (!labels.empty() && label.left < labels.back().right + gap) {
+            if (!rightEnd) continue;
+            if (labels.size() > 1) labels.pop_back();
+        }
+        labels.push_back(label);
     }
+    for (const Label& label : labels) dc->drawText(label.left, labelBaseline, label.text);
     const int titleWidth = font->getTextWidth(X_AXIS_TITLE);
     dc->drawText(plotLeft + (plotRight - plotLeft - titleWidth) / 2, labelBaseline + textHeight + u,
                  X_AXIS_TITLE);
