@@ -75,6 +75,7 @@ CIE_Plot::CIE_Plot(FXTopWindow* owner, int scale) : parentWindow(owner) {
 }
 
 CIE_Plot::~CIE_Plot() {
+    delete logoImage;
     delete overlayImage;
     delete image;
     delete subscriptFont;

@@ -158,6 +158,8 @@ class CIE_Plot {
     void defineBinBoxesAndPlot(FXCanvas* canvas, int count, const CIE_PlotBin* quads,
                                const bool* filled);
     void setOutlineDataPoint(bool on) { outline = on; }
+    // The program's logo in the top right corner of the frame, on plots wide enough for it.
+    void setLogo(bool show) { showLogo = show; }
     void changeFontSize(int points);
     int getFontSize() const;
     void changeSymbolSize(double size) { symbolSize = size < 4.0 ? 4.0 : size; }
@@ -226,6 +228,7 @@ class CIE_Plot {
     void drawAxisTitles(FXDCWindow& dc);
     void drawWavelengthMarkers(FXDCWindow& dc);
     void drawFrame(FXDCWindow& dc);
+    void drawLogo(FXDCWindow& dc);
     void drawPolyline(FXDCWindow& dc, const Pt* p, int n);
     void drawEllipseXY(FXDCWindow& dc, const double* xs, const double* ys);
     void makeOverlay();
@@ -240,6 +243,8 @@ class CIE_Plot {
     FXFont* subscriptFont = nullptr;
     std::vector<FXColor> pixels;
     FXImage* image = nullptr;
+    FXImage* logoImage = nullptr;  // made at the first draw that shows it
+    bool showLogo = true;
     FXImage* overlayImage = nullptr;
     bool overlayReady = false;
     bool imageRestored = false;

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "CIE_Plot.h"
+#include "LogoData.h"
 
 namespace {
 
@@ -182,13 +183,14 @@ void CIE_Plot::setTickMarkSpacing() {
 }
 
 namespace {
-// Tick values of an axis: from one step below the first multiple of the step, round(span/step)
-// + 1 of them, kept inside the range. Kept as it has always been: when the range is a whole
-// number of steps the tick at its top end is not among them.
+// Tick values of an axis: from one step below the first multiple of the step, kept inside the
+// range. One more than round(span / step) + 1 is tried, so that a range of whole steps ends in
+// a tick of its own (0.8 at the right of the full 1931 diagram), which the tolerance of the
+// inside test is there for.
 std::vector<double> tickValues(double lo, double hi, double step, std::vector<long>* index) {
     std::vector<double> out;
     const long first = std::lround(lo / step) - 1;
-    const long count = std::lround((hi - lo) / step) + 1;
+    const long count = std::lround((hi - lo) / step) + 2;
     for (long i = 0; i < count; ++i) {
         const double v = (first + i) * step;
         if (v >= lo && v <= hi + 1e-6) {
@@ -447,6 +449,24 @@ void CIE_Plot::drawLayers(FXDCWindow& dc) {
     drawAxisTitles(dc);
     if (showWavelengthMarkers) drawWavelengthMarkers(dc);
     drawFrame(dc);
+    drawLogo(dc);
+}
+
+void CIE_Plot::drawLogo(FXDCWindow& dc) {
+    // The corner of every diagram type that the locus never reaches; small plots go without.
+    if (!showLogo || plotWidth < 3 * LOGO_WIDTH || plotHeight < 3 * LOGO_HEIGHT) return;
+    if (logoImage == nullptr) {
+        FXColor* pixels = nullptr;
+        FXMALLOC(&pixels, FXColor, LOGO_WIDTH * LOGO_HEIGHT);
+        for (int i = 0; i < LOGO_WIDTH * LOGO_HEIGHT; ++i) {
+            pixels[i] = FXRGBA(LOGO_RGB[3 * i], LOGO_RGB[3 * i + 1], LOGO_RGB[3 * i + 2], 255);
+        }
+        logoImage =
+            new FXImage(parentWindow->getApp(), pixels, IMAGE_OWNED, LOGO_WIDTH, LOGO_HEIGHT);
+        logoImage->create();
+    }
+    const int gap = 4 * scaleFactor;
+    dc.drawImage(logoImage, leftPad + plotWidth - LOGO_WIDTH - gap, topPad + gap);
 }
 
 void CIE_Plot::drawPolyline(FXDCWindow& dc, const Pt* p, int n) {

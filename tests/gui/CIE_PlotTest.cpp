@@ -8,6 +8,7 @@
 #include "ArgbColor.h"
 #include "CIE_Plot.h"
 #include "GuiTestWindow.h"
+#include "LogoData.h"
 
 namespace {
 
@@ -512,3 +513,20 @@ TEST(CIE_Plot, BinBoxesAreFilledGrayAndUVCornersLandAtTheirXY) {
 }
 
 }  // namespace
+
+TEST(CIE_Plot, TheLogoSitsInTheTopRightCornerOfLargePlotsOnly) {
+    Diagram d(0);
+    d.draw();
+    int left, top, right, bottom;
+    d.plot->getPlotBoundaries(&left, &top, &right, &bottom);
+    // The middle of the logo's spectral band: pixels of the band's rainbow, not the background.
+    const Rgb band = channels(d.plot->getPixel(right - 4 - LOGO_WIDTH / 2, top + 4 + 30));
+    EXPECT_GT(band.r + band.g + band.b, 0);
+    EXPECT_FALSE(band.r > 240 && band.g > 240 && band.b > 240) << "not the white background";
+    const Rgb logoRed = channels(d.plot->getPixel(right - 4 - 8, top + 4 + 30));
+    EXPECT_GT(logoRed.r, logoRed.g + DOMINANCE) << "the band ends in red";
+    d.plot->setLogo(false);
+    d.draw();
+    const Rgb hidden = channels(d.plot->getPixel(right - 4 - 8, top + 4 + 30));
+    EXPECT_FALSE(hidden.r > hidden.g + DOMINANCE) << "no logo when it is switched off";
+}
