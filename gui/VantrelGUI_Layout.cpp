@@ -115,8 +115,8 @@ void VantrelGUI::buildPlotSide(FXComposite* parent) {
     // little wider, as it needs about as much height as width.
     FXSplitter* plots = new FXSplitter(
         plotFrame, SPLITTER_HORIZONTAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
-    ciePlotCanvas = new FXCanvas(plots, this, ID_CIE_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0,
-                                 300, 0);
+    ciePlotCanvas =
+        new FXCanvas(plots, this, ID_CIE_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 300, 0);
     spectrumPlotCanvas =
         new FXCanvas(plots, this, ID_SPECTRUM_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));

@@ -304,6 +304,16 @@ void VantrelGUI::buildMenus() {
     ciePlot.push_back(check("Draw gamut boundary line", "drawGamutLines"));
     ciePlot.push_back(check("Solid gamut boundary lines", "solidGamutLines"));
     ciePlot.push_back(sep());
+    ciePlot.push_back(cascade("Symbol size"));
+    for (int size : {4, 6, 8, 10, 12, 14, 16, 20}) {
+        ciePlot.push_back(radio(ValueFormat::format("%d", size), "ciePlotSymbolSize", size));
+    }
+    ciePlot.push_back(end());
+    ciePlot.push_back(cascade("Font size"));
+    for (int size : {7, 8, 9, 10, 11, 12, 14}) {
+        ciePlot.push_back(radio(ValueFormat::format("%d", size), "ciePlotFontSize", size));
+    }
+    ciePlot.push_back(end());
     ciePlot.push_back(check("Write the photometry on the plot", "writePhotometryToCIE_Plot"));
     ciePlot.push_back(check("White photometry/MacAdam/u'v' labels (only with black background)",
                             "whiteEllipseCirclePhotometricText"));

@@ -78,6 +78,8 @@ void VantrelGUI::drawCIE_Plot(bool reset) {
     ciePlot->setUpANSISEllipseInfo(ansi.get(), thick);
     ciePlot->setEllipseColor(settings.getInt("ellipseColorIndex"));
     ciePlot->changeSymbolSize(settings.getInt("ciePlotSymbolSize"));
+    const int fontSize = std::clamp(settings.getInt("ciePlotFontSize"), 6, 24);
+    if (ciePlot->getFontSize() != fontSize) ciePlot->changeFontSize(fontSize);
     if (reset || typeChanged || resetCIEZoomPending) {
         resetCIEZoomPending = false;
         ciePlot->setPlotBounds(in.diagramType, settings.getBool("cieDiagramZoomed_Chk"),
