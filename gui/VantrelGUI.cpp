@@ -262,6 +262,17 @@ void VantrelGUI::setWindowSizePosition() {
         inputSide->setWidth(data);
         if (inputSide->getNext() != nullptr && plots > 0) inputSide->getNext()->setWidth(plots);
     }
+    splitPlotSide();
+}
+
+void VantrelGUI::splitPlotSide() {
+    // The diagram gets a little more than half of the plot side: it needs about as much height
+    // as width, the spectrum does with less.
+    FXWindow* inputSide = mainSplitter->getFirst();
+    if (inputSide == nullptr || inputSide->getNext() == nullptr) return;
+    const int plotSide = getWidth() - inputSide->getWidth() - inputSide->getNext()->getWidth() - 12;
+    if (plotSide > 200) ciePlotCanvas->setWidth(plotSide * 55 / 100);
+    ciePlotCanvas->getParent()->recalc();
 }
 
 void VantrelGUI::resizeToScreen(bool showTip) {
@@ -275,6 +286,7 @@ void VantrelGUI::resizeToScreen(bool showTip) {
         const int tableWidth = inputSide->getNext()->getWidth();
         inputSide->setWidth(std::max(200, (w - 50) * 2 / 3 - tableWidth));
     }
+    splitPlotSide();
     if (showTip) {
         UserDialogs::information(this, "Resizing Tip",
                                  "The sizes of the window and of its panes can be changed by "

@@ -209,6 +209,7 @@ class VantrelGUI : public FXMainWindow {
     void widgetsToSettings();
     void setWindowSizePosition();
     void resizeToScreen(bool showTip);
+    void splitPlotSide();
 
     // Tables.
     void setupTable();

@@ -725,7 +725,9 @@ void CIE_Plot::drawTicks(FXDCWindow& dc) {
         const bool crowded = (static_cast<int>(values.size()) + 1) * labelWidth > length;
         for (size_t k = 0; k < values.size(); ++k) {
             const FXString text(tickLabel(values[k]).c_str());
-            const bool skip = (!zoomed || crowded) && (index[k] % 2 != 0);
+            // Not zoomed every second label goes; crowded, every other one of those as well.
+            const long every = (!zoomed ? 2 : 1) * (crowded ? 2 : 1);
+            const bool skip = index[k] % every != 0;
             if (axis == 0) {
                 const int x = toInt(x_to_screen(values[k]));
                 dc.drawLine(x, bottom, x, bottom + 5);
