@@ -37,8 +37,11 @@ sanitize: deps
 	cd $(SAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 		ctest --output-on-failure -j $(JOBS)
 
+# The plot benchmarks draw into X images: without a display they run under a private one.
 bench: build
-	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; $$b --benchmark_min_time=0.5; done
+	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; \
+		if [ -z "$$DISPLAY" ]; then xvfb-run -a $$b --benchmark_min_time=0.5; \
+		else $$b --benchmark_min_time=0.5; fi; done
 
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h' | grep -v '/data/')
