@@ -28,8 +28,6 @@ CiePoints ciePointsToPlot(double x, double y, double x10, double y10,
     CiePoints points;
     const double px = tenDegree ? x10 : x, py = tenDegree ? y10 : y;
     if (!(px >= 0.0001 && py >= 0.0001)) return points;
-    points.x.push_back(px);
-    points.y.push_back(py);
     if (withSingles) {
         for (const SpectrumPoint& s : singles) {
             points.x.push_back(tenDegree ? s.x10 : s.x);
@@ -40,5 +38,7 @@ CiePoints ciePointsToPlot(double x, double y, double x10, double y10,
         points.x.push_back(tenDegree ? p[3] : p[0]);
         points.y.push_back(tenDegree ? p[4] : p[1]);
     }
+    points.x.push_back(px);
+    points.y.push_back(py);
     return points;
 }

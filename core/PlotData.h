@@ -20,9 +20,9 @@ struct SpectraToPlot {
 SpectraToPlot spectraToPlot(const std::vector<double>& result, const std::vector<double>& matching,
                             int n, int analysisType, int inputUnitsIndex);
 
-// The diagram's points: the result first (none when its x or y is below 0.0001), then each
-// spectrum of the mix alone when asked for, then the saved points (x, y, CCT, x 10°, y 10°).
-// tenDegree: the CIE 2015 10° coordinates.
+// The diagram's points: each spectrum of the mix alone when asked for, then the saved points
+// (x, y, CCT, x 10°, y 10°), and the result last, where the diagram draws its main point.
+// Nothing when the result's x or y is below 0.0001. tenDegree: the CIE 2015 10° coordinates.
 struct CiePoints {
     std::vector<double> x, y;
 };

@@ -37,6 +37,9 @@ CIE_PlotInput VantrelGUI::ciePlotInput() const {
                                                  in.pureColorLines, savedXY, tenDegree);
         in.x = points.x;
         in.y = points.y;
+        // Saved or per-spectrum points make a series: all are kept, the result (the last) is
+        // the main point.
+        in.showAllPointsMode = in.plotAllPoints = points.x.size() > 1;
         in.photometry = tenDegree ? photometry.cri10 : photometry.cri;
     }
     in.useComma = settings.getBool("replaceDecimalWithComma");
@@ -49,7 +52,7 @@ CIE_PlotInput VantrelGUI::ciePlotInput() const {
     in.solidGamutLines = settings.getBool("solidGamutLines");
     in.macAdamAtPoint.assign(in.x.size(), false);
     in.circleAtPoint.assign(in.x.size(), false);
-    if (!in.x.empty()) in.macAdamAtPoint[0] = in.circleAtPoint[0] = true;
+    if (!in.x.empty()) in.macAdamAtPoint.back() = in.circleAtPoint.back() = true;
     in.cctLabelType = std::clamp(settings.getInt("cctLinesLabelsType"), 0, 4);
     in.outOfGamutMode = std::clamp(settings.getInt("outOfGamutType"), 0, 3);
     in.whiteText = settings.getBool("whiteEllipseCirclePhotometricText");

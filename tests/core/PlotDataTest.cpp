@@ -20,13 +20,13 @@ TEST(PlotData, SpectraLoseNegativesAndTurnToPhotonsExceptFiltersAndColours) {
     }
 }
 
-TEST(PlotData, TheResultComesFirstThenTheMixThenTheSavedPoints) {
+TEST(PlotData, TheMixAndTheSavedPointsComeBeforeTheResult) {
     const std::vector<SpectrumPoint> singles = {{3, 0.2, 0.7, 0.21, 0.69}};
     const std::vector<std::array<double, 5>> saved = {{0.45, 0.41, 2700, 0.46, 0.40}};
     CiePoints p = ciePointsToPlot(0.38, 0.38, 0.39, 0.37, singles, true, saved, false);
-    EXPECT_EQ(p.x, (std::vector<double>{0.38, 0.2, 0.45}));
+    EXPECT_EQ(p.x, (std::vector<double>{0.2, 0.45, 0.38}));
     p = ciePointsToPlot(0.38, 0.38, 0.39, 0.37, singles, false, saved, true);
-    EXPECT_EQ(p.y, (std::vector<double>{0.37, 0.40}));
+    EXPECT_EQ(p.y, (std::vector<double>{0.40, 0.37}));
     // No result, no points: saved points alone are not drawn.
     EXPECT_TRUE(ciePointsToPlot(0.0, 0.38, 0, 0, singles, true, saved, false).x.empty());
 }

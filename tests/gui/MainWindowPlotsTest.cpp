@@ -41,6 +41,17 @@ TEST_F(MainWindowPlots, TheDiagramShowsTheResultAtItsChromaticity) {
     const int px = static_cast<int>(plot->x_to_screen(x)),
               py = static_cast<int>(plot->y_to_screen(y));
     EXPECT_GT(distance(plot->getPixel(px, py), plot->getFillPixel(px, py)), 40);
+    // A saved point stays on the diagram as a secondary point; the new result is the main one.
+    gui->onCmdAddXYtoArray(nullptr, 0, nullptr);
+    gui->getBlackBodyField()->setText("5000");
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    gui->redrawPlots();
+    ASSERT_EQ(plot->getNumPoints(), 2);
+    EXPECT_TRUE(plot->isSecondaryPoint(0));
+    EXPECT_FALSE(plot->isSecondaryPoint(1));
+    plot->getPoint(1, &x, &y);
+    EXPECT_NEAR(x, std::stod(result("x")), 1e-4);
+    EXPECT_LT(x, 0.35) << "5000 K lies left of 3000 K";
 }
 
 TEST_F(MainWindowPlots, TheDiagramTypeAndZoomFollowTheMenu) {
