@@ -110,14 +110,19 @@ void CIE_Plot::setEllipseColor(int choice) {
                                  : blackColor;
 }
 
+void CIE_Plot::setEllipseInfo(EllipseInfo* info, bool single, double x, double y, double user,
+                              const bool stepsEnabled[NUM_STEP_FLAGS], bool thick) {
+    info->single = single;
+    info->x = x;
+    info->y = y;
+    info->user = user;
+    for (int i = 0; i < NUM_STEP_FLAGS; ++i) info->steps[i] = stepsEnabled[i];
+    info->thick = thick;
+}
+
 void CIE_Plot::setMacAdamsInfo(bool single, double x, double y, double userSteps,
                                const bool stepsEnabled[NUM_STEP_FLAGS], bool thick) {
-    macAdamInfo.single = single;
-    macAdamInfo.x = x;
-    macAdamInfo.y = y;
-    macAdamInfo.user = userSteps;
-    for (int i = 0; i < NUM_STEP_FLAGS; ++i) macAdamInfo.steps[i] = stepsEnabled[i];
-    macAdamInfo.thick = thick;
+    setEllipseInfo(&macAdamInfo, single, x, y, userSteps, stepsEnabled, thick);
 }
 
 void CIE_Plot::setUpANSISEllipseInfo(const bool* enabled, bool thick) {
@@ -142,12 +147,7 @@ void CIE_Plot::drawUserEllipseArray(int n, const double* x, const double* y, con
 
 void CIE_Plot::setUpVpCircleInfo(bool single, double x, double y, double userRadius,
                                  const bool stepsEnabled[NUM_STEP_FLAGS], bool thick) {
-    circleInfo.single = single;
-    circleInfo.x = x;
-    circleInfo.y = y;
-    circleInfo.user = userRadius;
-    for (int i = 0; i < NUM_STEP_FLAGS; ++i) circleInfo.steps[i] = stepsEnabled[i];
-    circleInfo.thick = thick;
+    setEllipseInfo(&circleInfo, single, x, y, userRadius, stepsEnabled, thick);
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -327,6 +327,8 @@ class CIE_Plot {
         bool thick = false;
     };
     EllipseInfo macAdamInfo, circleInfo;
+    static void setEllipseInfo(EllipseInfo* info, bool single, double x, double y, double user,
+                               const bool stepsEnabled[NUM_STEP_FLAGS], bool thick);
     std::vector<bool> ansiEllipseEnabled;
     bool ansiThick = false;
     bool showBinBoxes = false;
