@@ -52,6 +52,8 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_CIE_ZOOM, VantrelGUI::onCmdResetCIEZoom),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_SPECTRUM_ZOOM, VantrelGUI::onCmdResetSpectrumZoom),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_CIE_IMAGE, VantrelGUI::onCmdSavePlotImage),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_HORSESHOE, VantrelGUI::onCmdWriteHorseShoeData),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_GAMUTS, VantrelGUI::onCmdWriteGamutData),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_SPECTRUM_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_BLUE_PEAK_CHK, VantrelGUI::onCmdBluePeakChk),

@@ -81,6 +81,8 @@ class VantrelGUI : public FXMainWindow {
         ID_SAVE_CIE_IMAGE,
         ID_RESET_SPECTRUM_ZOOM,
         ID_SAVE_SPECTRUM_IMAGE,
+        ID_WRITE_HORSESHOE,
+        ID_WRITE_GAMUTS,
         ID_LAST
     };
 
@@ -119,6 +121,8 @@ class VantrelGUI : public FXMainWindow {
     long onCmdResetCIEZoom(FXObject*, FXSelector, void*);
     long onCmdResetSpectrumZoom(FXObject*, FXSelector, void*);
     long onCmdSavePlotImage(FXObject*, FXSelector, void*);
+    long onCmdWriteHorseShoeData(FXObject*, FXSelector, void*);
+    long onCmdWriteGamutData(FXObject*, FXSelector, void*);
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }

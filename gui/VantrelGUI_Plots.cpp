@@ -2,8 +2,10 @@
 // handed, their repaint, zoom and pan by the mouse, and their export as BMP images.
 #include <algorithm>
 
+#include "AppConstants.h"
 #include "CIE_Plot.h"
 #include "PlotData.h"
+#include "ReferenceDataFiles.h"
 #include "SpectrumPlot.h"
 #include "UserDialogs.h"
 #include "Utilities_zwk7.h"
@@ -255,5 +257,28 @@ long VantrelGUI::onCmdSavePlotImage(FXObject*, FXSelector sel, void*) {
         UserDialogs::error(this, "File error", "File \"%s\" could not be written, it may be open.",
                            path.text());
     }
+    return 1;
+}
+
+// --- Reference data --------------------------------------------------------------------------
+
+namespace {
+// Writes a reference file into the program folder; a file that cannot be written gets the box.
+void writeReferenceFile(FXWindow* owner, const std::string& path,
+                        bool (*write)(const std::string&)) {
+    if (!write(path)) {
+        UserDialogs::error(owner, "File error", "File \"%s\" could not be written, it may be open.",
+                           path.c_str());
+    }
+}
+}  // namespace
+
+long VantrelGUI::onCmdWriteHorseShoeData(FXObject*, FXSelector, void*) {
+    writeReferenceFile(this, paths.programDir + HORSESHOE_FILE_NAME, writeHorseShoeData);
+    return 1;
+}
+
+long VantrelGUI::onCmdWriteGamutData(FXObject*, FXSelector, void*) {
+    writeReferenceFile(this, paths.programDir + GAMUT_FILE_NAME, writeGamutData);
     return 1;
 }

@@ -105,3 +105,19 @@ TEST_F(MainWindowPlots, TheSpectrumPlotCarriesTheResultAndBothPlotsExportAsBmp) 
     EXPECT_EQ(script.shown[0].title, "Save CIE Plot");
     EXPECT_EQ(script.shown[1].title, "Save spectrum plot");
 }
+
+TEST_F(MainWindowPlots, ReferenceDataGoesToTheProgramFolderOrGetsTheFileBox) {
+    gui->onCmdWriteHorseShoeData(nullptr, 0, nullptr);
+    gui->onCmdWriteGamutData(nullptr, 0, nullptr);
+    EXPECT_TRUE(std::filesystem::exists(folder / "CIE_horseshoe.xls"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "gamut_points.xls"));
+    EXPECT_TRUE(script.shown.empty());
+    // A folder in the way of the file: the box names it.
+    std::filesystem::remove(folder / "gamut_points.xls");
+    std::filesystem::create_directory(folder / "gamut_points.xls");
+    gui->onCmdWriteGamutData(nullptr, 0, nullptr);
+    ASSERT_EQ(script.shown.size(), 1u);
+    EXPECT_EQ(script.shown[0].title, "File error");
+    EXPECT_EQ(script.shown[0].text, "File \"" + (folder / "gamut_points.xls").string() +
+                                        "\" could not be written, it may be open.");
+}
