@@ -381,3 +381,14 @@ TEST_F(MainWindow, MatchingModeComparesTheResultWithTheThirdColumn) {
     EXPECT_EQ(gui->getDisplayTable()->getNumColumns(), 2);
     EXPECT_EQ(table->getItemText(3, 1), "0.004") << "the spectrum column survives";
 }
+
+TEST_F(Calculate, AGaussianPeakIsTypedIntoTheTableAndCalculated) {
+    gui->generateGaussian("g", 550e-9, 20e-9, true);
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_NEAR(std::stod(result("cent WL")), 550.0, 0.5);
+    EXPECT_NEAR(std::stod(result("FWHM")), 20.0, 2.0);
+    EXPECT_EQ(gui->getAnalysisType(), 0) << "the analysis type comes back";
+    // At the centre, 550 nm: 1e-6 / (sigma sqrt(2 pi)) with the sigma of a 20 nm FWHM in metres.
+    EXPECT_EQ(std::string(gui->getInputTable(RANGE_360_830_2NM)->getItemText(95, 1).text()),
+              "4.697e+01");
+}
