@@ -30,8 +30,11 @@ CiePoints ciePointsToPlot(double x, double y, double x10, double y10,
     if (!(px >= 0.0001 && py >= 0.0001)) return points;
     if (withSingles) {
         for (const SpectrumPoint& s : singles) {
-            points.x.push_back(tenDegree ? s.x10 : s.x);
-            points.y.push_back(tenDegree ? s.y10 : s.y);
+            // An LED with no visible light (an IR LED) has no chromaticity.
+            const double sx = tenDegree ? s.x10 : s.x, sy = tenDegree ? s.y10 : s.y;
+            if (!(sx >= 0.0001 && sy >= 0.0001)) continue;
+            points.x.push_back(sx);
+            points.y.push_back(sy);
         }
     }
     for (const std::array<double, 5>& p : saved) {

@@ -36,7 +36,14 @@ constexpr double FILL_WHITE_X = 0.3333, FILL_WHITE_Y = 0.3333;
 // The white boost makes the centre of the horseshoe read as white.
 constexpr double WHITE_BOOST_RADIUS = 0.3, WHITE_BOOST = 700.0;
 
-int toInt(double v) { return static_cast<int>(v); }
+// Truncation, as the mapping wants; a coordinate far off the screen (or not a number) stays
+// far off it instead of overflowing the int.
+int toInt(double v) {
+    constexpr double FAR = 1e6;
+    if (!(v > -FAR)) return static_cast<int>(-FAR);
+    if (v > FAR) return static_cast<int>(FAR);
+    return static_cast<int>(v);
+}
 
 }  // namespace
 
@@ -645,7 +652,7 @@ void CIE_Plot::drawSymbols(FXDCWindow& dc) {
         for (int i = 0; i < numPoints; ++i) {
             if (secondaryPoint[i] != (pass == 0)) continue;
             const Pt& p = points[i];
-            if (p.x < xMin || p.x > xMax || p.y < yMin || p.y > yMax) continue;
+            if (!(p.x >= xMin && p.x <= xMax && p.y >= yMin && p.y <= yMax)) continue;  // NaN too
             double s = symbolSize;
             if (plotAllPoints && i < numPoints - 1) s = std::max(4.0, symbolSize - 2 * scaleFactor);
             const int cx = toInt(x_to_screen(p.x)), cy = toInt(y_to_screen(p.y));

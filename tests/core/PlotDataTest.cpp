@@ -1,6 +1,8 @@
 // The data the main window's plots receive.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "PlotData.h"
 
 TEST(PlotData, SpectraLoseNegativesAndTurnToPhotonsExceptFiltersAndColours) {
@@ -27,6 +29,9 @@ TEST(PlotData, TheMixAndTheSavedPointsComeBeforeTheResult) {
     EXPECT_EQ(p.x, (std::vector<double>{0.2, 0.45, 0.38}));
     p = ciePointsToPlot(0.38, 0.38, 0.39, 0.37, singles, false, saved, true);
     EXPECT_EQ(p.y, (std::vector<double>{0.40, 0.37}));
+    // An IR LED alone has no chromaticity and is left out.
+    const std::vector<SpectrumPoint> withIR = {{9, std::nan(""), std::nan(""), 0, 0}, singles[0]};
+    EXPECT_EQ(ciePointsToPlot(0.38, 0.38, 0, 0, withIR, true, {}, false).x.size(), 2u);
     // No result, no points: saved points alone are not drawn.
     EXPECT_TRUE(ciePointsToPlot(0.0, 0.38, 0, 0, singles, true, saved, false).x.empty());
 }
