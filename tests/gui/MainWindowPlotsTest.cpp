@@ -121,3 +121,20 @@ TEST_F(MainWindowPlots, ReferenceDataGoesToTheProgramFolderOrGetsTheFileBox) {
     EXPECT_EQ(script.shown[0].text, "File \"" + (folder / "gamut_points.xls").string() +
                                         "\" could not be written, it may be open.");
 }
+
+TEST_F(MainWindowPlots, EachLedAloneIsAPointExceptOneWithoutVisibleLight) {
+    chooseAnalysis(0);
+    const int ir950 = 10, white4000 = 12;
+    gui->getLedCheck(ir950)->setCheck(TRUE);
+    gui->getLedField(ir950, ROW_WATTS)->setText("100");
+    gui->getLedCheck(white4000)->setCheck(TRUE);
+    gui->getLedField(white4000, ROW_LUMENS)->setText("500");
+    auto* lines = static_cast<FXMenuCheck*>(gui->getOptionWidget("showPureColorsLines"));
+    lines->setCheck(TRUE);
+    gui->onCmdOptionCheck(lines, 0, nullptr);
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_TRUE(gui->hasResults()) << (script.shown.empty() ? "" : script.shown[0].text);
+    gui->redrawPlots();
+    // The white LED alone, then the mix; the IR LED has no chromaticity.
+    EXPECT_EQ(gui->getCIEPlot()->getNumPoints(), 2);
+}
