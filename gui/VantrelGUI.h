@@ -263,7 +263,6 @@ class VantrelGUI : public FXMainWindow {
     CIE_PlotInput ciePlotInput() const;
     void drawCIE_Plot(bool reset);
     void drawSpectrumPlot();
-    void updatePhotometryStrings();
     void updateCalculateButton();
     void setSavedValuesCaptions();
 

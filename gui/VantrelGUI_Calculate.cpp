@@ -471,13 +471,6 @@ void VantrelGUI::showOutcome() {
     repaintPlots();
 }
 
-void VantrelGUI::updatePhotometryStrings() {
-    if (resultsValid) {
-        photometry = photometryStrings(lastOutcome.results, lastOutcome.fields,
-                                       settings.getBool("replaceDecimalWithComma"));
-    }
-}
-
 void VantrelGUI::clearOutput(bool andPlots) {
     for (int i = 0; i < NUM_OUTPUT_FIELDS; ++i) {
         outputFields[i].value.clear();
