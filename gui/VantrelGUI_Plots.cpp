@@ -87,8 +87,10 @@ void VantrelGUI::drawCIE_Plot(bool reset) {
     if (ciePlot->getFontSize() != fontSize) ciePlot->changeFontSize(fontSize);
     if (reset || typeChanged || resetCIEZoomPending) {
         resetCIEZoomPending = false;
+        // Smart zoom centres on the one point, or frames a whole series (whose first point is
+        // not the result).
         ciePlot->setPlotBounds(in.diagramType, settings.getBool("cieDiagramZoomed_Chk"),
-                               settings.getBool("enableSmartZoom"), in.pureColorLines);
+                               settings.getBool("enableSmartZoom"), in.x.size() > 1);
     }
     ciePlot->drawPlot(ciePlotCanvas);
 }
