@@ -4,7 +4,11 @@ SAN_BUILD  ?= build-sanitize
 JOBS       ?= $(shell nproc)
 CMAKE_GEN  := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
-.PHONY: all deps build run test sanitize bench format clean
+FUZZ_BUILD ?= build-fuzz
+# Seconds each fuzz harness runs in make fuzz; FUZZ=<name> runs that harness alone.
+FUZZ_SECONDS ?= 60
+
+.PHONY: all deps build run test sanitize bench fuzz format clean
 
 all: build
 
@@ -43,8 +47,21 @@ bench: build
 		if [ -z "$$DISPLAY" ]; then xvfb-run -a $$b --benchmark_min_time=0.5; \
 		else $$b --benchmark_min_time=0.5; fi; done
 
+# Every harness of fuzz/ under libFuzzer with the sanitizers, FUZZ_SECONDS each. The corpus grows
+# in $(FUZZ_BUILD)/corpus/<name>, seeded from tests/data and the kept inputs; a crash is written
+# to $(FUZZ_BUILD)/crash-<name>-*. Keep the inputs that found faults under tests/data/fuzz/<name>/.
+fuzz:
+	@./scripts/install-deps.sh fuzz
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLUMIVAR_FUZZ=ON
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target fuzzers
+	@for f in $(FUZZ_BUILD)/fuzz/fuzz_$(or $(FUZZ),*); do n=$${f##*/fuzz_}; mkdir -p $(FUZZ_BUILD)/corpus/$$n; \
+		echo "== fuzz_$$n for $(FUZZ_SECONDS) s"; \
+		$$f -max_total_time=$(FUZZ_SECONDS) -max_len=65536 -timeout=10 -rss_limit_mb=4096 \
+			-artifact_prefix=$(FUZZ_BUILD)/crash-$$n- -print_final_stats=1 \
+			$(FUZZ_BUILD)/corpus/$$n tests/data/fuzz/$$n || exit 1; done
+
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h' | grep -v '/data/')
 
 clean:
-	rm -rf $(BUILD) $(SAN_BUILD)
+	rm -rf $(BUILD) $(SAN_BUILD) $(FUZZ_BUILD)

@@ -12,6 +12,7 @@
 #include <unordered_map>
 
 #include "AppConstants.h"
+#include "FileText.h"
 
 namespace {
 
@@ -338,11 +339,7 @@ std::string ProgramSettings::toText(bool isIni, const std::vector<std::string>& 
 
 bool ProgramSettings::write(const std::string& path, bool isIni,
                             const std::vector<std::string>& extraLines) const {
-    const std::string text = toText(isIni, extraLines);
-    std::FILE* f = std::fopen(path.c_str(), "wb");
-    if (f == nullptr) return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), f) == text.size();
-    return std::fclose(f) == 0 && written;
+    return writeFileAtomically(path, toText(isIni, extraLines));
 }
 
 ProgramSettings::ReadResult ProgramSettings::read(const std::string& path, bool isIni) {

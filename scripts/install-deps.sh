@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian 12 packages Lumivar needs to build, test and run.
 # Runs apt-get only when something is missing; uses sudo when not root.
+# "install-deps.sh fuzz" adds clang and its sanitizer runtimes for make fuzz.
 set -euo pipefail
 
 packages=(
@@ -10,6 +11,9 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth fonts-dejavu-core
 )
+if [ "${1:-}" = "fuzz" ]; then
+    packages+=(clang libclang-rt-14-dev)
+fi
 
 missing=()
 for p in "${packages[@]}"; do
