@@ -68,6 +68,13 @@ VantrelGUIMap[] = {
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_STD_ILLUMINANT, VantrelGUI::ID_STD_ILLUMINANT_LAST,
                VantrelGUI::onCmdStdIlluminant),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CREATE_GAUSSIAN, VantrelGUI::onCmdCreateGaussian),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_OPEN_USER_FILE, VantrelGUI::onCmdOpenUserFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_FILE, VantrelGUI::onCmdWriteFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CLEAR_RECENT_PROJECT_LIST,
+              VantrelGUI::onCmdClearRecentProjectList),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CLEAR_INPUT_DATA, VantrelGUI::onCmdClearInputData),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_RECENT_FILE, VantrelGUI::ID_RECENT_FILE_LAST,
+               VantrelGUI::onCmdOpenRecentFile),
 };
 
 FXIMPLEMENT(VantrelGUI, FXMainWindow, VantrelGUIMap, ARRAYNUMBER(VantrelGUIMap))
@@ -161,24 +168,11 @@ void VantrelGUI::setDefaults() {
     readSettings();
     // Without stored settings the window fills the screen at the first start.
     getApp()->addTimeout(this, settingsReadFailed ? ID_FIT_TO_SCREEN : ID_MAIN_WINDOW_POSITION, 1);
-    if (settings.getBool("clearDataStartupMenuItem")) onCmdClearSpectrumData(nullptr, 0, nullptr);
+    if (settings.getBool("clearDataStartupMenuItem")) onCmdClearInputData(nullptr, 0, nullptr);
     setSavedValuesCaptions();
 }
 
 // --- Settings --------------------------------------------------------------------------------
-
-void VantrelGUI::readSettings() {
-    settingsReadFailed =
-        settings.read(paths.settingsFile, true).status != ProgramSettings::ReadStatus::OK;
-    if (settingsReadFailed) settings.setIniDefaults();
-    // A stored folder that is gone falls back to the per-user folder.
-    struct stat info;
-    const std::string userFiles = settings.getString("pathUserFilesDirectory");
-    if (userFiles.empty() || ::stat(userFiles.c_str(), &info) != 0 || !S_ISDIR(info.st_mode)) {
-        settings.setString("pathUserFilesDirectory", paths.programDir);
-    }
-    settingsToWidgets();
-}
 
 void VantrelGUI::settingsToWidgets() {
     for (const OptionBinding& binding : optionBindings) {
@@ -241,15 +235,6 @@ void VantrelGUI::widgetsToSettings() {
     FXWindow* tableSide = inputSide != nullptr ? inputSide->getNext() : nullptr;
     if (inputSide != nullptr) settings.setInt("dataSplitter", inputSide->getWidth());
     if (tableSide != nullptr) settings.setInt("plotsSplitter", tableSide->getWidth());
-}
-
-void VantrelGUI::saveSettings() {
-    widgetsToSettings();
-    if (!settings.write(paths.settingsFile, true)) {
-        UserDialogs::error(this, "File error",
-                           "File \"%s\" could not be written, try a different name.",
-                           paths.settingsFile.c_str());
-    }
 }
 
 void VantrelGUI::setWindowSizePosition() {
@@ -349,6 +334,16 @@ FXWindow* VantrelGUI::getOptionWidget(const std::string& tag, int value) const {
     return nullptr;
 }
 
+std::vector<int> VantrelGUI::getOfferedValues(const std::string& tag) const {
+    std::vector<int> values;
+    for (const OptionBinding& binding : optionBindings) {
+        if (binding.tag != tag || binding.index >= 0) continue;
+        if (!binding.radio) return {0, 1};
+        values.push_back(binding.value);
+    }
+    return values;
+}
+
 long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
     std::string tag;
     int value = 0;
@@ -430,14 +425,6 @@ void VantrelGUI::setSavedValuesCaptions() {
 }
 
 // --- Other commands ----------------------------------------------------------------------------
-
-long VantrelGUI::onCmdResetDefaults(FXObject*, FXSelector, void*) {
-    settings.setIniDefaults();
-    settings.setString("pathUserFilesDirectory", paths.programDir);
-    settingsToWidgets();
-    resizeToScreen(false);
-    return 1;
-}
 
 long VantrelGUI::onCmdResetWorkingDir(FXObject*, FXSelector, void*) {
     settings.setString("pathUserFilesDirectory", paths.programDir);

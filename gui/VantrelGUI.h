@@ -21,6 +21,7 @@
 #include "ResultFields.h"
 #include "SpectrumPlot.h"
 #include "TextToNumber.h"
+#include "UserDesign.h"
 
 class Table_zwk7;
 class TextField_zwk7;
@@ -83,6 +84,12 @@ class VantrelGUI : public FXMainWindow {
         ID_SAVE_SPECTRUM_IMAGE,
         ID_WRITE_HORSESHOE,
         ID_WRITE_GAMUTS,
+        ID_OPEN_USER_FILE,
+        ID_WRITE_FILE,
+        ID_CLEAR_RECENT_PROJECT_LIST,
+        ID_CLEAR_INPUT_DATA,
+        ID_RECENT_FILE,  // ten slots, newest first
+        ID_RECENT_FILE_LAST = ID_RECENT_FILE + RECENT_FILES_MAX - 1,
         ID_LAST
     };
 
@@ -123,6 +130,11 @@ class VantrelGUI : public FXMainWindow {
     long onCmdSavePlotImage(FXObject*, FXSelector, void*);
     long onCmdWriteHorseShoeData(FXObject*, FXSelector, void*);
     long onCmdWriteGamutData(FXObject*, FXSelector, void*);
+    long onCmdOpenUserFile(FXObject*, FXSelector, void*);
+    long onCmdWriteFile(FXObject*, FXSelector, void*);
+    long onCmdOpenRecentFile(FXObject*, FXSelector, void*);
+    long onCmdClearRecentProjectList(FXObject*, FXSelector, void*);
+    long onCmdClearInputData(FXObject*, FXSelector, void*);
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }
@@ -140,8 +152,13 @@ class VantrelGUI : public FXMainWindow {
     const std::string& getMainCurveName() const { return mainCurveName; }
     // The menu check or radio bound to an option (for a radio, the one of this value).
     FXWindow* getOptionWidget(const std::string& tag, int value = 1) const;
+    // The values the menus offer for an option: the values of its radios, 0 and 1 for a
+    // check, none when no menu entry sets it.
+    std::vector<int> getOfferedValues(const std::string& tag) const;
     // Text of a result field by its label ("Lumens", "x", ...), empty when it has none.
     FXString getResultText(const std::string& name) const;
+    // Text of a result field by its number.
+    FXString getResultText(int field) const;
     // Selects an analysis type or a spectrum range as the radios and menus do.
     void setAnalysisType(int type);
     void setSpectrumRange(int range);
@@ -177,6 +194,20 @@ class VantrelGUI : public FXMainWindow {
     int numSavedR() const { return static_cast<int>(savedR.size()); }
     // Writes the settings file as Quit does, without quitting.
     void saveSettings();
+    // Writes a design (isIni false) or the settings file; false, after the "File error" box,
+    // when it can't be written.
+    bool saveUserDesign(const std::string& fileName, bool isIni);
+    // Reads a design or the settings file into the options and rows; false, with nothing
+    // changed, when the file can't be used. The widgets follow with updateAfterReadingFile.
+    bool readUserDesign(const std::string& fileName, bool isIni);
+    void updateAfterReadingFile();
+    // readUserDesign and updateAfterReadingFile, with the "User file error" box on failure.
+    bool openDesign(const std::string& path);
+    void updateRecentlyUsedFileList(const std::string& name);
+    void clearRecentlyUsedList();
+    FXMenuCommand* getRecentFileItem(int slot) const { return recentFileItems[slot]; }
+    // The optimizer targets and other design lines that have no widget yet.
+    const DesignData& getDesignExtras() const { return designExtras; }
 
     // Colours of the error cell and the tints that tell the input tables apart (0xAARRGGBB as
     // signed ints, as the settings keep colours).
@@ -206,9 +237,16 @@ class VantrelGUI : public FXMainWindow {
     void setTabColors();
     FXMenuPane* addMenu(const char* title, const MenuItemDef* items, int count);
 
-    // Start-up and settings.
+    // Start-up, settings and design files.
     void setDefaults();
     void readSettings();
+    DesignData designFromWidgets() const;
+    void applyDesign(const DesignData& data);
+    void showRecentFiles();
+    void resetLedRows(bool keepChecks);
+    // Stored options outside what the window can show (a choice no radio offers, a window
+    // larger than the screen) go back to a value it can.
+    void clampStoredOptions();
     void settingsToWidgets();
     void widgetsToSettings();
     void setWindowSizePosition();
@@ -303,6 +341,7 @@ class VantrelGUI : public FXMainWindow {
     OutputField outputFields[NUM_OUTPUT_FIELDS];
     int outputOrder[NUM_OUTPUT_FIELDS] = {};
     bool settingsReadFailed = false;
+    DesignData designExtras;  // design lines without widgets, kept to be written back
 
     // Widgets.
     FXMenuBar* menuBar = nullptr;
@@ -348,6 +387,7 @@ class VantrelGUI : public FXMainWindow {
     std::vector<FXTabItem*> resultTabItems;
     FXTextField* resultFields[NUM_OUTPUT_FIELDS] = {};
     FXLabel* savedValuesLabel = nullptr;
+    FXMenuCommand* recentFileItems[RECENT_FILES_MAX] = {};
     FXLabel* statusLabel = nullptr;
     FXFont* programFont = nullptr;
     FXFont* previousNormalFont = nullptr;  // the application's font before the program's

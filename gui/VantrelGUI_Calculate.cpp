@@ -486,8 +486,11 @@ void VantrelGUI::clearOutput(bool andPlots) {
 }
 
 FXString VantrelGUI::getResultText(const std::string& name) const {
-    const int index = outputFieldIndex(name);
-    if (index < 0) return FXString();
+    return getResultText(outputFieldIndex(name));
+}
+
+FXString VantrelGUI::getResultText(int index) const {
+    if (index < 0 || index >= NUM_OUTPUT_FIELDS) return FXString();
     if (resultFields[index] != nullptr) return resultFields[index]->getText();
     return FXString(outputFields[index].value.c_str());
 }

@@ -83,6 +83,11 @@ FXMenuPane* VantrelGUI::addMenu(const char* title, const MenuItemDef* items, int
                 widget = new FXMenuCommand(pane, item.label.c_str(), nullptr,
                                            item.id != 0 ? this : nullptr, item.id);
                 if (item.id == 0) widget->disable();
+                // The recent-file slots show only when filled.
+                if (item.id >= ID_RECENT_FILE && item.id <= ID_RECENT_FILE_LAST) {
+                    recentFileItems[item.id - ID_RECENT_FILE] = static_cast<FXMenuCommand*>(widget);
+                    widget->hide();
+                }
                 break;
         }
     }
@@ -102,10 +107,14 @@ void VantrelGUI::buildMenus() {
     const std::string photometryName = PHOTOMETRY_FILE_NAME;
 
     const MenuItemDef fileMenu[] = {
-        cmd("Open design file..."),
-        cmd("Save design as..."),
+        cmd("Open design file...", ID_OPEN_USER_FILE),
+        cmd("Save design as...", ID_WRITE_FILE),
         sep(),
-        cmd("Clear recent project list"),
+        cmd("", ID_RECENT_FILE + 0), cmd("", ID_RECENT_FILE + 1), cmd("", ID_RECENT_FILE + 2),
+        cmd("", ID_RECENT_FILE + 3), cmd("", ID_RECENT_FILE + 4), cmd("", ID_RECENT_FILE + 5),
+        cmd("", ID_RECENT_FILE + 6), cmd("", ID_RECENT_FILE + 7), cmd("", ID_RECENT_FILE + 8),
+        cmd("", ID_RECENT_FILE + 9),
+        cmd("Clear recent project list", ID_CLEAR_RECENT_PROJECT_LIST),
         sep(),
         cmd(ValueFormat::format("Open %s file", photometryName.c_str())),
         cmd("Open asa_out.txt file"),
@@ -454,7 +463,7 @@ void VantrelGUI::buildToolBar(FXComposite* parent) {
         {"Select all", "\tSelect entire table", FXTable::ID_SELECT_ALL},
         {"Copy", "\tCopy selection to clipboard", FXTable::ID_COPY_SEL},
         {"Paste", "\tPaste selection from clipboard", FXTable::ID_PASTE_SEL},
-        {"Clear", "\tClear input data or table", ID_CLEAR_SPECTRUM_DATA},
+        {"Clear", "\tClear input data or table", ID_CLEAR_INPUT_DATA},
         {"Undo", "\tUndo changes to table", 0},
         {"Custom CIE", "\tMake custom CIE plots entering your own points", 0},
         {"Save xy", "\tSave current x,y values for Duv and 3 color mixing calculations",
