@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "AppConstants.h"
+#include "DesignCalc.h"
 #include "ResultFields.h"
 #include "SpectrumFile.h"
 #include "ValueFormat.h"
@@ -91,6 +92,20 @@ bool calcFile(const std::string& file, int observer, double csLux, bool precise,
     return read.firstNegativeLine == 0;
 }
 
+// The rows of saved designs, each calculated as the window does after opening it.
+int runDesigns(const std::vector<std::string>& designs, const std::string& folder, bool precise,
+               std::ostream& out, std::ostream& err) {
+    out << "file";
+    printDesignHeader(out);
+    out << '\n';
+    int status = EXIT_ALL_GOOD;
+    for (const std::string& design : designs) {
+        if (!calcDesign(design, folder, precise, out, err)) status = EXIT_INPUT_PROBLEM;
+    }
+    out.flush();
+    return out ? status : EXIT_INPUT_PROBLEM;
+}
+
 }  // namespace
 
 const char* cliUsage() {
@@ -104,6 +119,7 @@ const char* cliUsage() {
 
 const char* calcUsage() {
     return "Usage: lumivar-cli calc [--observer 0|1|2|3] [--precise] [FILE ...]\n"
+           "       lumivar-cli calc [--precise] [--folder DIR] --design FILE.vtd ...\n"
            "\n"
            "Prints the main results of each spectrum FILE as a tab-separated table: a header\n"
            "row, then one row per file. A FILE holds two columns, wavelength (nm) and W/nm,\n"
@@ -115,6 +131,12 @@ const char* calcUsage() {
            "                1 CIE 1964 10 deg, 2 CIE 2015 2 deg, 3 CIE 2015 10 deg\n"
            "  --precise     unrounded values (%.10g) instead of the window's formatting\n"
            "  --cs-lux LUX  add the circadian light CLA and stimulus CS (%) at LUX lux\n"
+           "  --design FILE a saved design, calculated as the window's Calculate does after\n"
+           "                opening it (its rows, lumens or watts, filters, analysis type and\n"
+           "                options); one row per design, with every field of the window that\n"
+           "                a design gives. May be repeated; not combined with spectrum files.\n"
+           "  --folder DIR  the per-user folder whose user spectra and filters the design's\n"
+           "                rows refer to (default: the window's, ~/Lumivar_KBI)\n"
            "  -h, --help    show this help\n"
            "\n"
            "Exit status: 0 when every file was computed from clean input, 1 when a file\n"
@@ -127,7 +149,9 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     double csLux = -1.0;
     bool precise = false;
     bool optionsEnded = false;
-    std::vector<std::string> files;
+    std::vector<std::string> files, designs;
+    std::string folder;
+    bool folderGiven = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
         if (optionsEnded || arg == STDIN_NAME || arg.empty() || arg[0] != '-') {
@@ -139,6 +163,14 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
             return EXIT_ALL_GOOD;
         } else if (arg == "--precise") {
             precise = true;
+        } else if (arg == "--design" || arg == "--folder") {
+            if (i + 1 == args.size()) return usageError(err, arg + " needs a value");
+            if (arg == "--design") {
+                designs.push_back(args[++i]);
+            } else {
+                folder = args[++i];
+                folderGiven = true;
+            }
         } else if (arg == "--observer" || arg.rfind("--observer=", 0) == 0) {
             std::string value;
             if (arg == "--observer") {
@@ -168,6 +200,13 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
         } else {
             return usageError(err, "unknown option '" + arg + "'");
         }
+    }
+    if (!designs.empty()) {
+        if (!files.empty())
+            return usageError(err, "--design cannot be combined with spectrum files");
+        if (folderGiven && !folder.empty() && folder.back() != '/') folder += '/';
+        return runDesigns(designs, folderGiven ? folder : defaultProgramFolder(), precise, out,
+                          err);
     }
     if (files.empty()) files.push_back(STDIN_NAME);
 

@@ -501,6 +501,18 @@ bool fieldHasMeaningForSpectrumFile(int index) {
     }
 }
 
+bool fieldHasMeaningForDesign(int index) {
+    switch (index) {
+        case F_MAX_DE:
+        case F_INPUT_MA:
+        case F_INPUT_VOLTAGE:
+        case F_RMS:
+            return false;
+        default:
+            return index >= 0 && index < NUM_OUTPUT_FIELDS;
+    }
+}
+
 namespace {
 // "BGR (W): b/g/r (g/b)" with the responses in percent of red, for the film that suits the CCT.
 std::string filmBlock(const SpectrumResults& r) {

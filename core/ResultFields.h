@@ -119,6 +119,9 @@ std::vector<ResultField> outputFieldValues(const SpectrumResults& r, const MixRe
 // mix rows (wall-plug power, blue-peak subtraction, matching, binning, drive current) and for
 // the ones that need the grid to 1050 nm.
 bool fieldHasMeaningForSpectrumFile(int index);
+// Whether a field says something about a saved design calculated without the window: all but
+// the binning spread, the drive of an imported test and the match to a curve in the table.
+bool fieldHasMeaningForDesign(int index);
 
 // The short photometry texts that the plots write on the diagrams.
 struct PhotometryStrings {

@@ -6,6 +6,7 @@
 #include "AppConstants.h"
 #include "ArgbColor.h"
 #include "CellColors.h"
+#include "DesignCalculation.h"
 #include "Fox_Fixes/Table_zwk7.h"
 #include "Fox_Fixes/TextField_zwk7.h"
 #include "UserDialogs.h"
@@ -41,32 +42,20 @@ DirectInputOptions VantrelGUI::directInputOptions() const {
 }
 
 MixSettings VantrelGUI::mixSettings(bool fromButton) const {
-    MixSettings s;
-    s.analysisType = analysisType;
+    MixSettings s = mixSettingsFromOptions(settings, analysisType);
+    // The check boxes reach the options only when the settings are written.
     s.includeIR = irChk->getCheck();
-    s.wattsInMilliwatts = settings.getInt("inputWattsUnits") == 0;
-    s.useOriginalIntensities = settings.getBool("useOriginalIntensititesMenuItem");
-    s.defaultSpecUnits = settings.getInt("defaultSpecUnits");
+    s.subtractBluePeak = bluePeakChk->getCheck();
     // A binning run reads the bin fields; it starts only from the button. The simulation
     // itself is not in this build, so the check box stands greyed.
     s.monteCarlo =
         fromButton && analysisType == 0 && binningChk->isEnabled() && binningChk->getCheck();
-    s.limitUmolTo400_700 = settings.getBool("constrain_uMol_sW_to_400_700nm");
-    s.subtractBluePeak = bluePeakChk->getCheck();
-    s.ssiReference = settings.getInt("_referenceSpectrumForSSI") == 1 ? 1 : 0;
     s.matching =
         readMatchingCurve(s.includeIR ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS);
     return s;
 }
 
-FieldFormat VantrelGUI::fieldFormat() const {
-    FieldFormat format;
-    format.numDecimals = settings.getInt("numDecimalsFor_xyDuv_etc") == 6 ? 6 : 4;
-    // Power in the chosen units (milliwatts by default).
-    format.wattsFactor = settings.getInt("inputWattsUnits") == 0 ? 1000.0 : 1.0;
-    format.gamutInUV = settings.getInt("gamutType") == 1;
-    return format;
-}
+FieldFormat VantrelGUI::fieldFormat() const { return fieldFormatFromOptions(settings); }
 
 InputRows VantrelGUI::readInputRows(Table_zwk7* table) const {
     InputRows rows(table->getNumRows());

@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "AppConstants.h"
+#include "DesignCalculation.h"
 #include "FileText.h"
 #include "Fox_Fixes/Table_zwk7.h"
 #include "Fox_Fixes/TextField_zwk7.h"
@@ -219,11 +220,8 @@ long VantrelGUI::onCmdClearRecentProjectList(FXObject*, FXSelector, void*) {
 void VantrelGUI::resetLedRows(bool keepChecks) {
     const std::vector<ledTypeStruct>& spectra = model->spectra();
     for (int i = 0; i < getNumSpectra(); ++i) {
-        const ledTypeStruct& s = spectra[i];
-        ledInputDataStruct row;
+        ledInputDataStruct row = defaultRowTexts(spectra[i]);
         row.checked = keepChecks && ledRows[i].check->getCheck();
-        if (s.lDom > 1) row.lDom = FXString().format("%.0lf", s.lDom).text();
-        if (s.hasDomWL) row.binWidth = FXString().format("%.1lf", s.binShift).text();
         writeLedRow(i, row);
     }
     writeUserSpecDefaultLPW(false);
@@ -234,12 +232,7 @@ long VantrelGUI::onCmdClearInputData(FXObject* sender, FXSelector sel, void* ptr
     if (analysisType == 1 || analysisType == 4 || analysisType == 7)
         return onCmdClearSpectrumData(sender, sel, ptr);
     onCmdClearSpectrumData(nullptr, 0, nullptr);
-    resetLedRows(false);
-    for (int i = 0; i < getNumSpectra(); ++i) {
-        for (TextField_zwk7* field : ledRows[i].fields) {
-            if (field->isEnabled() && field != ledRows[i].fields[0]) field->setText("");
-        }
-    }
+    for (int i = 0; i < getNumSpectra(); ++i) writeLedRow(i, ledInputDataStruct());
     writeUserSpecDefaultLPW(false);
     // The optimizer's floors and targets go with the inputs.
     designExtras = DesignData();

@@ -52,25 +52,6 @@ class Calculate : public MainWindow {
     }
 };
 
-// Every column of lumivar-cli's output for a file, by its header name.
-std::vector<std::pair<std::string, std::string>> cliRow(const std::string& file) {
-    const std::string command = std::string(LUMIVAR_CLI_PATH) + " calc " + file;
-    FILE* pipe = popen(command.c_str(), "r");
-    std::string output;
-    char buffer[4096];
-    while (pipe != nullptr && std::fgets(buffer, sizeof buffer, pipe) != nullptr) output += buffer;
-    if (pipe != nullptr) pclose(pipe);
-    std::istringstream lines(output);
-    std::string header, values, name, value;
-    std::getline(lines, header);
-    std::getline(lines, values);
-    std::istringstream h(header), v(values);
-    std::vector<std::pair<std::string, std::string>> row;
-    while (std::getline(h, name, '\t') && std::getline(v, value, '\t'))
-        row.push_back({name, value});
-    return row;
-}
-
 }  // namespace
 
 TEST_F(Calculate, GreenAndRedLedsAddTheirLumens) {
@@ -334,7 +315,7 @@ TEST_F(MainWindow, WindowAndCommandLineToolGiveTheSameTexts) {
     gui->onCmdOptionRadio(gui->getOptionWidget("inputWattsUnits", 1), 0, nullptr);
     gui->onCmdCalculate(nullptr, 0, nullptr);
     ASSERT_TRUE(script.shown.empty());
-    const auto row = cliRow(f2);
+    const auto row = cliRow("calc " + f2);
     ASSERT_GT(row.size(), 130u);
     for (std::size_t i = 1; i < row.size(); ++i) {
         EXPECT_EQ(result(row[i].first.c_str()), row[i].second) << row[i].first;

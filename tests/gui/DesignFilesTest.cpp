@@ -103,6 +103,35 @@ TEST_F(DesignFiles, AReopenedDesignGivesTheSameResultsToTheLastDigit) {
     EXPECT_EQ(allFields(), before);
 }
 
+TEST_F(DesignFiles, TheCommandLineToolCalculatesASavedDesignAsTheWindowDoes) {
+    chooseAnalysis(0);
+    setRow(BLUE, "458", "", "300", "");
+    setRow(GREEN, "528", "900", "", "");
+    setRow(WHITE_4000, nullptr, "650", "", "105");
+    setRadio("inputWattsUnits", 1);
+    setRadio("numDecimalsFor_xyDuv_etc", 6);
+    setRadio("gamutType", 1);
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_TRUE(gui->hasResults()) << boxes();
+    const std::string path = (folder / "cli").string();
+    saveDesignAs(path);
+    const auto row = cliRow("calc --folder " + folder.string() + " --design " + path + ".vtd");
+    ASSERT_GT(row.size(), 140u);
+    EXPECT_EQ(row[0].second, path + ".vtd");
+    for (std::size_t i = 1; i < row.size(); ++i)
+        EXPECT_EQ(result(row[i].first.c_str()), row[i].second) << row[i].first;
+
+    // A black body design, too.
+    chooseAnalysis(2);
+    gui->getBlackBodyField()->setText("3150");
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    saveDesignAs(path + "_bb");
+    const auto bb = cliRow("calc --folder " + folder.string() + " --design " + path + "_bb.vtd");
+    ASSERT_GT(bb.size(), 140u);
+    for (std::size_t i = 1; i < bb.size(); ++i)
+        EXPECT_EQ(result(bb[i].first.c_str()), bb[i].second) << bb[i].first;
+}
+
 TEST_F(DesignFiles, EveryOptionChangedFromItsDefaultSurvivesQuitAndRestart) {
     ProgramSettings& s = gui->getSettings();
     const ProgramSettings defaults;

@@ -6,14 +6,38 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
+#include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "Fox_Fixes/Table_zwk7.h"
 #include "Fox_Fixes/TextField_zwk7.h"
 #include "GuiTestApp.h"
 #include "UserDialogs.h"
 #include "VantrelGUI.h"
+
+// The first row of lumivar-cli's output for these arguments, column by column with the
+// header's names.
+inline std::vector<std::pair<std::string, std::string>> cliRow(const std::string& arguments) {
+    const std::string command = std::string(LUMIVAR_CLI_PATH) + " " + arguments;
+    FILE* pipe = popen(command.c_str(), "r");
+    std::string output;
+    char buffer[4096];
+    while (pipe != nullptr && std::fgets(buffer, sizeof buffer, pipe) != nullptr) output += buffer;
+    if (pipe != nullptr) pclose(pipe);
+    std::istringstream lines(output);
+    std::string header, values, name, value;
+    std::getline(lines, header);
+    std::getline(lines, values);
+    std::istringstream h(header), v(values);
+    std::vector<std::pair<std::string, std::string>> row;
+    while (std::getline(h, name, '\t') && std::getline(v, value, '\t'))
+        row.push_back({name, value});
+    return row;
+}
 
 class MainWindow : public ::testing::Test {
   protected:
