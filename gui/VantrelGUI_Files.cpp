@@ -318,6 +318,18 @@ void VantrelGUI::clampStoredOptions() {
     clampTo("window_y", -1, screenH - MIN_WINDOW_SIZE);
     clampTo("dataSplitter", 0, screenW);
     clampTo("plotsSplitter", 0, screenW);
+    // The sizes and splits of every window, those of windows still closed among them.
+    for (const OptionDef& def : ProgramSettings::table()) {
+        if (def.kind != OptionKind::INT) continue;
+        const std::string tag = def.tag;
+        const bool index = tag.find("Index") != std::string::npos;
+        const bool width =
+            tag.find("Width") != std::string::npos && tag.find("LineWidth") == std::string::npos;
+        const bool height = tag.find("Height") != std::string::npos;
+        const bool split = tag.find("plitter") != std::string::npos;
+        if (!index && (width || split)) clampTo(def.tag, 0, screenW);
+        if (!index && height) clampTo(def.tag, 0, screenH);
+    }
     clampTo("analysisType", 0, 8);
     clampTo("spectrumRange", 0, NUM_SPECTRUM_RANGES - 1);
 }

@@ -256,7 +256,8 @@ TEST_F(DesignFiles, HostileSizesAndChoicesAreBroughtBackToWhatTheScreenCanShow) 
         "<version>7.77\n<main_width>2147483647\n<main_height>1000000\n"
         "<window_x>-2147483648\n<dataSplitter>2147483647\n<plotsSplitter>2147483647\n"
         "<cieDiagramType>77\n<numDecimalsFor_xyDuv_etc>5\n<enableStickyMenuItem>9\n"
-        "<spectrumRange>-4\n<analysisType>3\n");
+        "<spectrumRange>-4\n<analysisType>3\n<ciePlotWidth>2147483647\n"
+        "<windowHeight_2_ColorMixLampDesign>-7\n<cctBinWidthIndex>3\n");
     open();
     gui->onCmdMainWindowPosition(nullptr, 0, nullptr);
     EXPECT_LE(gui->getWidth(), gui->getRoot()->getWidth());
@@ -268,6 +269,9 @@ TEST_F(DesignFiles, HostileSizesAndChoicesAreBroughtBackToWhatTheScreenCanShow) 
     EXPECT_EQ(s.getInt("enableStickyMenuItem"), 1);
     EXPECT_EQ(s.getInt("spectrumRange"), 0);
     EXPECT_EQ(gui->getAnalysisType(), 0);  // an optimization is never resumed from a file
+    EXPECT_EQ(s.getInt("ciePlotWidth"), gui->getRoot()->getWidth());
+    EXPECT_EQ(s.getInt("windowHeight_2_ColorMixLampDesign"), 0);
+    EXPECT_EQ(s.getInt("cctBinWidthIndex"), 3);  // a choice, not a size
     EXPECT_EQ(boxes(), "");
 }
 
