@@ -108,3 +108,22 @@ bool UserDialogs::chooseFile(FXWindow* owner, const FXString& title, const FXStr
     *path = dialog.getFilename();
     return !path->empty();
 }
+
+bool UserDialogs::runForm(FXDialogBox* dialog, std::vector<std::string>* fields,
+                          const std::function<std::vector<std::string>()>& readFields) {
+    if (activeScript) {
+        std::string joined;
+        for (std::size_t i = 0; i < fields->size(); ++i) joined += (i ? "|" : "") + (*fields)[i];
+        activeScript->shown.push_back({FORM, dialog->getTitle().text(), joined});
+        if (activeScript->forms.empty()) return false;
+        const std::vector<std::string> answer = activeScript->forms.front();
+        activeScript->forms.pop_front();
+        if (answer.empty()) return false;
+        for (std::size_t i = 0; i < fields->size() && i < answer.size(); ++i)
+            (*fields)[i] = answer[i];
+        return true;
+    }
+    if (!dialog->execute(PLACEMENT_OWNER)) return false;
+    *fields = readFields();
+    return true;
+}

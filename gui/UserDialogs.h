@@ -6,12 +6,13 @@
 #include <fx.h>
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
 class UserDialogs {
   public:
-    enum Kind { INFORMATION, WARNING, ERROR, QUESTION, OPEN_FILE, SAVE_FILE };
+    enum Kind { INFORMATION, WARNING, ERROR, QUESTION, OPEN_FILE, SAVE_FILE, FORM };
 
     // One box or dialog as it was asked for.
     struct Shown {
@@ -26,6 +27,9 @@ class UserDialogs {
     struct Script {
         std::deque<FXuint> answers;
         std::deque<std::string> files;
+        // Answers of the program's own dialogs (forms): the texts of the form's fields in its
+        // order; an empty entry, or none left, is Cancel.
+        std::deque<std::vector<std::string>> forms;
         std::vector<Shown> shown;
     };
 
@@ -51,6 +55,13 @@ class UserDialogs {
     static bool chooseFile(FXWindow* owner, const FXString& title, const FXString& patterns,
                            const FXString& directory, const FXString& name, bool existingOnly,
                            FXString* path);
+
+    // A modal dialog of the program. fields: the texts of its fields, in the form's own order;
+    // on OK they hold what the user left in them, which readFields gives after the dialog
+    // closed. With a script the dialog never appears: it is recorded (kind FORM, the title, the
+    // fields' texts joined by "|") and answered from `forms`. False on Cancel.
+    static bool runForm(FXDialogBox* dialog, std::vector<std::string>* fields,
+                        const std::function<std::vector<std::string>()>& readFields);
 
   private:
     static FXuint showBox(FXWindow* owner, Kind kind, FXuint buttons, const char* title,

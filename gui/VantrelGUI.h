@@ -226,6 +226,10 @@ class VantrelGUI : public FXMainWindow {
     void buildTables(FXComposite* parent);
     void buildPlotSide(FXComposite* parent);
     void buildSpectraTab(FXComposite* page);
+    // The widgets of the spectrum rows, from the spectra of the model; destroyed again when a
+    // library changes.
+    void buildLedRows();
+    void destroyLedRows();
     void buildTemperatureFields(FXComposite* parent);
     void layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
     void layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
@@ -363,6 +367,10 @@ class VantrelGUI : public FXMainWindow {
     std::vector<LedRowWidgets> ledRows;
     std::vector<FXWindow*> ledSeparators;
     std::vector<FXCheckButton*> filterChecks, colorChecks;
+    FXVerticalFrame* holdList = nullptr;  // "LEDs to hold constant in optimization run"
+    FXVerticalFrame* filterList = nullptr;
+    FXVerticalFrame* colorList = nullptr;
+    FXLabel* noLibraryLabel[2] = {};  // filters, colours
     TextField_zwk7* blackBodyTempField = nullptr;
     TextField_zwk7* daylightTempField = nullptr;
     FXRadioButton* analysisRadios[9] = {};

@@ -45,18 +45,20 @@ void VantrelGUI::buildInputSide(FXComposite* parent) {
         pages[t] = new FXVerticalFrame(inputTabs,
                                        FRAME_THICK | FRAME_RAISED | LAYOUT_FILL_X | LAYOUT_FILL_Y);
     }
-    buildSpectraTab(pages[0]);
-    new FXLabel(pages[1], "No user filters are loaded.", nullptr, JUSTIFY_LEFT);
-    new FXLabel(pages[2], "No user colors are loaded.", nullptr, JUSTIFY_LEFT);
-    // The optimizer keeps these spectra at their entered intensity.
+    // The optimizer keeps the spectra of this list at their entered intensity.
     FXGroupBox* hold =
         new FXGroupBox(pages[3], "LEDs to hold constant in optimization run",
                        GROUPBOX_TITLE_LEFT | FRAME_GROOVE | LAYOUT_FILL_X | LAYOUT_FILL_Y);
     FXScrollWindow* holdScroll = new FXScrollWindow(hold, LAYOUT_FILL_X | LAYOUT_FILL_Y);
-    FXVerticalFrame* holdList = new FXVerticalFrame(holdScroll, LAYOUT_FILL_X);
-    for (std::size_t i = 0; i < ledRows.size(); ++i) {
-        ledRows[i].holdConstant = new FXCheckButton(holdList, ledRows[i].check->getText());
-        ledRows[i].holdConstant->disable();
+    holdList = new FXVerticalFrame(holdScroll, LAYOUT_FILL_X);
+    buildSpectraTab(pages[0]);
+    for (int kind = 0; kind < 2; ++kind) {
+        FXVerticalFrame* page = pages[kind + 1];
+        noLibraryLabel[kind] = new FXLabel(
+            page, kind == 0 ? "No user filters are loaded." : "No user colors are loaded.",
+            nullptr, JUSTIFY_LEFT);
+        FXScrollWindow* scroll = new FXScrollWindow(page, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+        (kind == 0 ? filterList : colorList) = new FXVerticalFrame(scroll, LAYOUT_FILL_X);
     }
 
     FXGroupBox* analysis =

@@ -46,6 +46,10 @@ void VantrelGUI::buildSpectraTab(FXComposite* page) {
                                      c == 0 ? JUSTIFY_LEFT : JUSTIFY_CENTER_X | LAYOUT_FILL_X);
         if (c == 3) wattsColumnLabel = label;
     }
+    buildLedRows();
+}
+
+void VantrelGUI::buildLedRows() {
     LedDefinitions& leds = model->definitions();
     const std::vector<ledTypeStruct>& spectra = model->spectra();
     const int numStandard = leds.getNumStdSpectra();
@@ -86,8 +90,24 @@ void VantrelGUI::buildSpectraTab(FXComposite* page) {
                     new FXHorizontalSeparator(ledMatrix, SEPARATOR_GROOVE | LAYOUT_FILL_X));
             }
         }
+        // The optimizer keeps the spectra of this list at their entered intensity.
+        if (holdList != nullptr) {
+            row.holdConstant = new FXCheckButton(holdList, name);
+            row.holdConstant->disable();
+        }
     }
     writeUserSpecDefaultLPW(false);
+}
+
+void VantrelGUI::destroyLedRows() {
+    for (LedRowWidgets& row : ledRows) {
+        delete row.check;
+        for (TextField_zwk7* field : row.fields) delete field;
+        delete row.holdConstant;
+    }
+    for (FXWindow* separator : ledSeparators) delete separator;
+    ledRows.clear();
+    ledSeparators.clear();
 }
 
 void VantrelGUI::buildTemperatureFields(FXComposite* parent) {
