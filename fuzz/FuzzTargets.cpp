@@ -2,5 +2,7 @@
 
 const FuzzTargetEntry FUZZ_TARGETS[] = {
     {"settings", fuzzSettings},
+    {"library", fuzzLibrary},
+    {"dutycycle", fuzzDutyCycle},
 };
 const std::size_t NUM_FUZZ_TARGETS = sizeof FUZZ_TARGETS / sizeof FUZZ_TARGETS[0];

@@ -12,6 +12,10 @@ using FuzzTarget = void (*)(const std::uint8_t* data, std::size_t size);
 
 // Settings and design files (ProgramSettings and the design rows).
 void fuzzSettings(const std::uint8_t* data, std::size_t size);
+// User libraries of each kind, current and old format, counted and read (ReadWriteUserSpectra).
+void fuzzLibrary(const std::uint8_t* data, std::size_t size);
+// Driver tables of the lamp design windows (ReadWriteLpwDutyCycleTable).
+void fuzzDutyCycle(const std::uint8_t* data, std::size_t size);
 
 struct FuzzTargetEntry {
     const char* name;  // harness fuzz_<name>, inputs under tests/data/fuzz/<name>/
