@@ -11,6 +11,7 @@
 #include "DesignCalculation.h"
 #include "ProgramFolder.h"
 #include "ResultFields.h"
+#include "UserLibrary.h"
 
 namespace {
 
@@ -44,7 +45,18 @@ void printDesignHeader(std::ostream& out) {
 bool calcDesign(const std::string& path, const std::string& folder, bool precise, std::ostream& out,
                 std::ostream& err) {
     CalculateModel model(folder);
-    const DesignCalculation design = calculateDesign(path, model, {});
+    // The design's rows and filter checks refer to the user's libraries by position.
+    std::vector<ledTypeStruct> spectra, filters;
+    std::string error;
+    if (!folder.empty()) {
+        const int room = MAX_SPECTRA_ROWS - model.definitions().getNumStdSpectra();
+        readUserLibrary(folder + userLibraryFileName(LIBRARY_SPECTRA), LIBRARY_SPECTRA, &spectra,
+                        &error, room);
+        readUserLibrary(folder + userLibraryFileName(LIBRARY_FILTERS), LIBRARY_FILTERS, &filters,
+                        &error);
+    }
+    model.setUserSpectra(spectra);
+    const DesignCalculation design = calculateDesign(path, model, filters);
     if (!design.ok) {
         err << CLI_PROGRAM_NAME << ": " << path << ": ";
         if (design.messages.empty()) {

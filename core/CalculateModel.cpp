@@ -336,6 +336,11 @@ CalculateModel::CalculateModel(const std::string& programDir)
     single10.setCIE_XYZ_bar_type(3);
 }
 
+void CalculateModel::setUserSpectra(const std::vector<ledTypeStruct>& user) {
+    ledSpectra.resize(leds.getNumStdSpectra());
+    ledSpectra.insert(ledSpectra.end(), user.begin(), user.end());
+}
+
 CalculateOutcome CalculateModel::calculateMix(std::vector<ledInputDataStruct>& rows,
                                               const MixSettings& settings, const double* filters,
                                               const FieldFormat& format) {

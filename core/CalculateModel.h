@@ -131,6 +131,8 @@ class CalculateModel {
     std::vector<ledTypeStruct>& spectra() { return ledSpectra; }
     const std::vector<ledTypeStruct>& spectra() const { return ledSpectra; }
     SpectrumCalculator& calculator() { return spectrumCalculator; }
+    // The user's spectra follow the standard ones, in library order.
+    void setUserSpectra(const std::vector<ledTypeStruct>& user);
 
     // A mix of the rows (analysisType 0): checks, per-spectrum points, the sum, the filter
     // product (null for none), blue-peak removal and every result field.

@@ -13,6 +13,7 @@
 #include "Fox_Fixes/TextField_zwk7.h"
 #include "ProgramFolder.h"
 #include "UserDialogs.h"
+#include "UserLibrary.h"
 #include "ValueFormat.h"
 
 FXDEFMAP(VantrelGUI)
@@ -75,6 +76,12 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CLEAR_INPUT_DATA, VantrelGUI::onCmdClearInputData),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_RECENT_FILE, VantrelGUI::ID_RECENT_FILE_LAST,
                VantrelGUI::onCmdOpenRecentFile),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_SAVE_USER_DATA, VantrelGUI::ID_SAVE_USER_DATA_LAST,
+               VantrelGUI::onCmdAddToUserSpec),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_USER_DATA, VantrelGUI::ID_IMPORT_USER_DATA_LAST,
+               VantrelGUI::onCmdImportUserSpec),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_REPLACE_USER_DATA, VantrelGUI::ID_REPLACE_USER_DATA_LAST,
+               VantrelGUI::onCmdReplaceUserSpec),
 };
 
 FXIMPLEMENT(VantrelGUI, FXMainWindow, VantrelGUIMap, ARRAYNUMBER(VantrelGUIMap))
@@ -123,6 +130,9 @@ VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
     paths.photometryFile = paths.programDir + PHOTOMETRY_FILE_NAME;
     settings.setString("pathUserFilesDirectory", paths.programDir);
     model = std::make_unique<CalculateModel>(paths.programDir);
+    // Old libraries are rewritten in the current format before they are read.
+    updateUserFiles();
+    model->setUserSpectra(readUserSpectraRows(false));
 
     buildMenus();
     buildToolBar(this);
@@ -132,6 +142,8 @@ VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
     buildInputSide(mainSplitter);
     buildTables(mainSplitter);
     buildPlotSide(mainSplitter);
+    allocateAllFilterColors(LIBRARY_FILTERS);
+    allocateAllFilterColors(LIBRARY_COLORS);
     setDefaults();
 }
 
@@ -159,6 +171,11 @@ void VantrelGUI::create() {
     show(PLACEMENT_SCREEN);
     setWindowSizePosition();
     if (settings.getBool("isMaximized_ini")) maximize();
+    if (libraryReadFailure > 0) {
+        UserDialogs::error(this, "User spectra file read error",
+                           "An unknown error was encountered when reading in user spectrum #%d",
+                           libraryReadFailure);
+    }
 }
 
 void VantrelGUI::setDefaults() {

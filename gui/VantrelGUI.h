@@ -90,6 +90,12 @@ class VantrelGUI : public FXMainWindow {
         ID_CLEAR_INPUT_DATA,
         ID_RECENT_FILE,  // ten slots, newest first
         ID_RECENT_FILE_LAST = ID_RECENT_FILE + RECENT_FILES_MAX - 1,
+        ID_SAVE_USER_DATA,  // by library type: filters, spectra, colours
+        ID_SAVE_USER_DATA_LAST = ID_SAVE_USER_DATA + 2,
+        ID_IMPORT_USER_DATA,
+        ID_IMPORT_USER_DATA_LAST = ID_IMPORT_USER_DATA + 2,
+        ID_REPLACE_USER_DATA,
+        ID_REPLACE_USER_DATA_LAST = ID_REPLACE_USER_DATA + 2,
         ID_LAST
     };
 
@@ -135,6 +141,11 @@ class VantrelGUI : public FXMainWindow {
     long onCmdOpenRecentFile(FXObject*, FXSelector, void*);
     long onCmdClearRecentProjectList(FXObject*, FXSelector, void*);
     long onCmdClearInputData(FXObject*, FXSelector, void*);
+    // The save, import and replace commands of the three libraries; the selector's id tells
+    // the kind. Saving with a name (a char* in the data) skips the dialog.
+    long onCmdAddToUserSpec(FXObject*, FXSelector, void*);
+    long onCmdImportUserSpec(FXObject*, FXSelector, void*);
+    long onCmdReplaceUserSpec(FXObject*, FXSelector, void*);
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }
@@ -206,6 +217,20 @@ class VantrelGUI : public FXMainWindow {
     void updateRecentlyUsedFileList(const std::string& name);
     void clearRecentlyUsedList();
     FXMenuCommand* getRecentFileItem(int slot) const { return recentFileItems[slot]; }
+    // The library file of a kind (0 filters, 1 spectra, 2 colours) in the per-user folder.
+    std::string libraryPath(int libraryType) const;
+    // Adds the calculated spectrum (or the filter or colour in the table) to a library, under
+    // a name from the "Save user data" dialog or, when named, under givenName with givenLPW.
+    bool addToUserLibrary(int libraryType, const std::string& givenName, bool named,
+                          double givenLPW);
+    // Appends the entries of a library file to the user's library of that kind.
+    bool importUserLibrary(int libraryType, const std::string& file);
+    // Replaces the user's library by a file, keeping the old one as a backup.
+    bool replaceLibrary(int libraryType, const std::string& file);
+    const std::vector<ledTypeStruct>& getFilterSpectra() const { return filterSpectra; }
+    const std::vector<ledTypeStruct>& getColorSpectra() const { return colorSpectra; }
+    FXCheckButton* getFilterCheck(int i) const { return filterChecks[i]; }
+    FXCheckButton* getColorCheck(int i) const { return colorChecks[i]; }
     // The optimizer targets and other design lines that have no widget yet.
     const DesignData& getDesignExtras() const { return designExtras; }
 
@@ -230,6 +255,13 @@ class VantrelGUI : public FXMainWindow {
     // library changes.
     void buildLedRows();
     void destroyLedRows();
+    // Libraries: the start-up conversion of old files, and the rows rebuilt from the files.
+    void updateUserFiles();
+    std::vector<ledTypeStruct> readUserSpectraRows(bool showLimitBox);
+    bool allocateAllSpec(int numRowsToKeep);
+    bool allocateAllFilterColors(int libraryType);
+    void allocateLibraryRows(int libraryType, int numRowsToKeep);
+    bool askEntryName(int libraryType, std::string* name, double* lpw);
     void buildTemperatureFields(FXComposite* parent);
     void layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
     void layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
@@ -345,7 +377,8 @@ class VantrelGUI : public FXMainWindow {
     OutputField outputFields[NUM_OUTPUT_FIELDS];
     int outputOrder[NUM_OUTPUT_FIELDS] = {};
     bool settingsReadFailed = false;
-    DesignData designExtras;  // design lines without widgets, kept to be written back
+    DesignData designExtras;     // design lines without widgets, kept to be written back
+    int libraryReadFailure = 0;  // 1-based user spectrum that could not be read, or 0
 
     // Widgets.
     FXMenuBar* menuBar = nullptr;

@@ -369,6 +369,11 @@ bool VantrelGUI::calculateFilterColorInput() {
     for (std::size_t i = 0; i < input.column.size() && i < mixedSpectrum.size(); ++i) {
         mixedSpectrum[i] = fieldValue(input.column[i]);
     }
+    // The grid's values stand in the display table, where saving a filter or colour reads them.
+    const int n = static_cast<int>(input.column.size());
+    if (displayTable->getNumRows() != n) fillWavelengthColumns();
+    for (int i = 0; i < n && i < displayTable->getNumRows(); ++i)
+        displayTable->setItemText(i, 1, input.column[i].c_str());
     plotWavelengths.resize(Vantrel::NUM_GRID_POINTS_IR);
     for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) plotWavelengths[i] = 360.0 + 2.0 * i;
     resultsValid =

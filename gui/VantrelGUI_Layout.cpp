@@ -55,8 +55,8 @@ void VantrelGUI::buildInputSide(FXComposite* parent) {
     for (int kind = 0; kind < 2; ++kind) {
         FXVerticalFrame* page = pages[kind + 1];
         noLibraryLabel[kind] = new FXLabel(
-            page, kind == 0 ? "No user filters are loaded." : "No user colors are loaded.",
-            nullptr, JUSTIFY_LEFT);
+            page, kind == 0 ? "No user filters are loaded." : "No user colors are loaded.", nullptr,
+            JUSTIFY_LEFT);
         FXScrollWindow* scroll = new FXScrollWindow(page, LAYOUT_FILL_X | LAYOUT_FILL_Y);
         (kind == 0 ? filterList : colorList) = new FXVerticalFrame(scroll, LAYOUT_FILL_X);
     }

@@ -227,7 +227,9 @@ void VantrelGUI::buildMenus() {
     addMenu("Matching", matching, std::size(matching));
 
     std::vector<MenuItemDef> userSpectra = {
-        cmd("Save a user spectrum"), cmd("Import spectra"), cmd("New user spectra file"),
+        cmd("Save a user spectrum", ID_SAVE_USER_DATA + 1),
+        cmd("Import spectra", ID_IMPORT_USER_DATA + 1),
+        cmd("New user spectra file", ID_REPLACE_USER_DATA + 1),
         cmd("Create Gaussian peak user spectrum...", ID_CREATE_GAUSSIAN),
         cascade("Standard illuminates")};
     for (int k = 0; k < NUM_STANDARD_ILLUMINANTS; ++k) {
@@ -239,11 +241,13 @@ void VantrelGUI::buildMenus() {
     userSpectra.push_back(cmd("Create all", ID_STD_ILLUMINANT + NUM_STANDARD_ILLUMINANTS));
     userSpectra.push_back(end());
     addMenu("User Spectra", userSpectra.data(), static_cast<int>(userSpectra.size()));
-    const MenuItemDef userFilters[] = {cmd("Save a user filter"), cmd("Import filters"),
-                                       cmd("New user filters file")};
+    const MenuItemDef userFilters[] = {cmd("Save a user filter", ID_SAVE_USER_DATA),
+                                       cmd("Import filters", ID_IMPORT_USER_DATA),
+                                       cmd("New user filters file", ID_REPLACE_USER_DATA)};
     addMenu("User Filters", userFilters, std::size(userFilters));
-    const MenuItemDef userColors[] = {cmd("Save a user color"), cmd("Import colors"),
-                                      cmd("New user colors file")};
+    const MenuItemDef userColors[] = {cmd("Save a user color", ID_SAVE_USER_DATA + 2),
+                                      cmd("Import colors", ID_IMPORT_USER_DATA + 2),
+                                      cmd("New user colors file", ID_REPLACE_USER_DATA + 2)};
     addMenu("User Colors", userColors, std::size(userColors));
 
     std::vector<MenuItemDef> ciePlot = {

@@ -11,6 +11,7 @@
 #include "Fox_Fixes/Table_zwk7.h"
 #include "Fox_Fixes/TextField_zwk7.h"
 #include "GaussianSpectrum.h"
+#include "ReadWriteUserSpectra.h"
 #include "StandardIlluminants.h"
 #include "UserDialogs.h"
 #include "ValueFormat.h"
@@ -374,6 +375,7 @@ void VantrelGUI::runStandardIlluminant(int index) {
         }
         onCmdCalculate(nullptr, 0, nullptr);
         mainCurveName = name;
+        if (resultsValid) addToUserLibrary(LIBRARY_SPECTRA, name, true, 0.0);
     }
     settings.setInt("freeFormatInputUnitsIndex", oldUnits);
     setTableColumnTitles();
@@ -401,6 +403,7 @@ void VantrelGUI::generateGaussian(const std::string& name, double centerMetres, 
     if (save) {
         onCmdCalculate(nullptr, 0, nullptr);
         mainCurveName = name;
+        if (resultsValid) addToUserLibrary(LIBRARY_SPECTRA, name, true, 0.0);
     }
     setAnalysisType(oldType);
     setSpectrumRange(oldRange);
