@@ -2,5 +2,6 @@
 
 const FuzzTargetEntry FUZZ_TARGETS[] = {
     {"settings", fuzzSettings},
+    {"spectrometer", fuzzSpectrometer},
 };
 const std::size_t NUM_FUZZ_TARGETS = sizeof FUZZ_TARGETS / sizeof FUZZ_TARGETS[0];

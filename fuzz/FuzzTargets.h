@@ -12,6 +12,8 @@ using FuzzTarget = void (*)(const std::uint8_t* data, std::size_t size);
 
 // Settings and design files (ProgramSettings and the design rows).
 void fuzzSettings(const std::uint8_t* data, std::size_t size);
+// Spectrometer and column files (ProcessSpectrometerFiles, readSpectraText).
+void fuzzSpectrometer(const std::uint8_t* data, std::size_t size);
 
 struct FuzzTargetEntry {
     const char* name;  // harness fuzz_<name>, inputs under tests/data/fuzz/<name>/
