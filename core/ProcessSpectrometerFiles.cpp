@@ -183,7 +183,7 @@ bool ProcessSpectrometerFiles::isDataLineAHeader(const std::string& line) {
     for (char c : line) {
         if (c >= '0' && c <= '9') {
             digit = true;
-        } else if (std::string(" \t\r.,;-+eE").find(c) == std::string::npos || c == '\0') {
+        } else if (std::string(" \t\r.,;-+eE").find(c) == std::string::npos) {
             return true;
         }
     }

@@ -2,10 +2,10 @@
 // tool now, the window's import later.
 //
 // The format comes from the extension and, where an extension is shared, from the content:
-//   ".isd"   SpecWin when a "Y-Unit=" line comes before the data (its unit is then applied),
-//            otherwise Mole (W/nm);
+//   ".isd"   SpecWin when one of the first 500 lines is a "Y-Unit=" line (SpecWin states its
+//            unit there, and it is applied), otherwise Mole (always W/nm);
 //   ".spdx"  IES TM-27 XML;  ".sp"  CGATS (one spectrum per set);
-//   ".txt"   SpectraSuite when a ">>>>>Begin Processed" line comes before the data;
+//   ".txt"   SpectraSuite when one of the first 500 lines starts ">>>>>Begin Processed";
 //   anything else is columns of numbers. The first column holds the wavelengths unless it does
 //   not look like wavelengths (strictly increasing, all within 100 to 2500 nm) while the last
 //   column does: then the intensities come first. A file of exactly two columns with the
