@@ -8,6 +8,7 @@
 
 #include "AppConstants.h"
 #include "DesignCalc.h"
+#include "ReadSpectraFile.h"
 #include "ResultFields.h"
 #include "SpectrumFile.h"
 #include "ValueFormat.h"
@@ -65,31 +66,56 @@ void printRow(std::ostream& out, const std::string& file, const std::vector<Resu
     out << '\n';
 }
 
-// Computes one file and prints its row; false when the input was not clean.
-bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
-              std::ostream& out, std::ostream& err) {
-    const SpectrumReadResult read = file == STDIN_NAME ? readSpectrum(in) : readSpectrumFile(file);
-    if (!read.ok) {
-        report(err, file, read.errorLine, read.error);
-        return false;
-    }
-    double grid[Vantrel::NUM_GRID_POINTS];
-    std::string error;
-    if (!toGrid(read.data, grid, &error)) {
-        report(err, file, 0, error);
-        return false;
-    }
-    if (read.firstNegativeLine > 0) {
-        report(err, file, read.firstNegativeLine, "negative values set to 0");
-    }
-    // A fresh calculator per file: engines keep results between runs, and a row must not
-    // depend on the files before it.
+// Computes one spectrum on the grid and prints its row under the name row.
+void printResults(const std::string& row, const double* grid, int observer, double csLux,
+                  bool precise, std::ostream& out) {
+    // A fresh calculator per spectrum: engines keep results between runs, and a row must not
+    // depend on the spectra before it.
     SpectrumCalculator calculator;
     calculator.setObserver(observer);
     CalculationOptions options;
     options.csLux = csLux;
-    printRow(out, file, printedFields(calculator.calculate(grid, options)), precise);
-    return read.firstNegativeLine == 0;
+    printRow(out, row, printedFields(calculator.calculate(grid, options)), precise);
+}
+
+// Computes one file and prints a row per spectrum in it; false when the input was not clean.
+bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
+              std::ostream& out, std::ostream& err) {
+    SpectraFileResult read;
+    if (file == STDIN_NAME) {
+        SpectrumReadResult text = readSpectrum(in);
+        read.ok = text.ok;
+        read.error = text.error;
+        read.errorLine = text.errorLine;
+        read.firstNegativeLine = text.firstNegativeLine;
+        read.spectra.push_back({file, std::move(text.data)});
+    } else {
+        read = readSpectraFile(file);
+    }
+    if (!read.ok) {
+        report(err, file, read.errorLine, read.error);
+        return false;
+    }
+    // Each spectrum of a file of several is named "FILE#name".
+    const bool several = read.spectra.size() > 1;
+    bool clean = read.firstNegativeLine == 0;
+    bool warned = false;
+    for (const NamedSpectrum& spectrum : read.spectra) {
+        const std::string row = several ? file + "#" + spectrum.name : file;
+        double grid[Vantrel::NUM_GRID_POINTS];
+        std::string error;
+        if (!toGrid(spectrum.data, grid, &error)) {
+            report(err, row, 0, error);
+            clean = false;
+            continue;
+        }
+        if (!warned && read.firstNegativeLine > 0) {
+            report(err, file, read.firstNegativeLine, "negative values set to 0");
+            warned = true;
+        }
+        printResults(row, grid, observer, csLux, precise, out);
+    }
+    return clean;
 }
 
 // The rows of saved designs, each calculated as the window does after opening it.
@@ -122,10 +148,12 @@ const char* calcUsage() {
            "       lumivar-cli calc [--precise] [--folder DIR] --design FILE.vtd ...\n"
            "\n"
            "Prints the main results of each spectrum FILE as a tab-separated table: a header\n"
-           "row, then one row per file. A FILE holds two columns, wavelength (nm) and W/nm,\n"
+           "row, then one row per spectrum. A FILE holds two columns, wavelength (nm) and W/nm,\n"
            "separated by blanks, tabs, commas or semicolons (with semicolons a comma may be the\n"
-           "decimal point), with an optional header line and '#' comments. With no FILE, or\n"
-           "where FILE is -, reads standard input.\n"
+           "decimal point), with an optional header line and '#' comments; further columns are\n"
+           "further spectra, named FILE#title. Spectrometer files are read by extension:\n"
+           "SpecWin and Mole .isd, .spdx, CGATS .sp, SpectraSuite .txt. With no FILE, or\n"
+           "where FILE is -, reads a two-column spectrum from standard input.\n"
            "\n"
            "  --observer N  observer of the main results: 0 CIE 1931 2 deg (default),\n"
            "                1 CIE 1964 10 deg, 2 CIE 2015 2 deg, 3 CIE 2015 10 deg\n"

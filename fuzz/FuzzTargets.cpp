@@ -4,5 +4,6 @@ const FuzzTargetEntry FUZZ_TARGETS[] = {
     {"settings", fuzzSettings},
     {"library", fuzzLibrary},
     {"dutycycle", fuzzDutyCycle},
+    {"spectrometer", fuzzSpectrometer},
 };
 const std::size_t NUM_FUZZ_TARGETS = sizeof FUZZ_TARGETS / sizeof FUZZ_TARGETS[0];

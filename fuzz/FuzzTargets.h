@@ -16,6 +16,8 @@ void fuzzSettings(const std::uint8_t* data, std::size_t size);
 void fuzzLibrary(const std::uint8_t* data, std::size_t size);
 // Driver tables of the lamp design windows (ReadWriteLpwDutyCycleTable).
 void fuzzDutyCycle(const std::uint8_t* data, std::size_t size);
+// Spectrometer and column files (ProcessSpectrometerFiles, readSpectraText).
+void fuzzSpectrometer(const std::uint8_t* data, std::size_t size);
 
 struct FuzzTargetEntry {
     const char* name;  // harness fuzz_<name>, inputs under tests/data/fuzz/<name>/

@@ -262,3 +262,126 @@ TEST_F(CalcCommand, CsLuxAddsCircadianLightAndStimulusAtThatIlluminance) {
     EXPECT_NEAR(std::stod(row[row.size() - 2]), cla, 1e-6 * cla);
     EXPECT_NEAR(std::stod(row.back()), 100.0 * cs, 1e-6);  // percent, as the window shows
 }
+
+namespace {
+
+const std::string SPECTROMETER_DIR = std::string(LUMIVAR_TEST_DATA_DIR) + "/spectrometer/";
+
+// Cells of the row after the header, with the file column left out.
+std::vector<std::string> valuesOf(const std::string& table, std::size_t row = 1) {
+    std::vector<std::string> cells = split(split(table, '\n').at(row), '\t');
+    cells.erase(cells.begin());
+    return cells;
+}
+
+double cell(const std::string& table, std::size_t row, const std::string& name) {
+    const std::vector<std::string> header = split(split(table, '\n').at(0), '\t');
+    const std::vector<std::string> cells = split(split(table, '\n').at(row), '\t');
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        if (header[i] == name) return std::stod(cells.at(i));
+    }
+    ADD_FAILURE() << "no column " << name;
+    return 0;
+}
+
+}  // namespace
+
+TEST_F(CalcCommand, EveryImportFormatOfOneSpectrumGivesTheRowOfItsTwoColumnText) {
+    const char* files[] = {
+        "planck4000.txt",
+        "planck4000_utf16le.txt",
+        "planck4000_utf16be.txt",
+        "planck4000.spdx",
+        "planck4000.sp",
+        "planck4000_spectrasuite.txt",
+        "planck4000_specwin.isd",
+        "planck4000_mole.isd",
+        "planck4000_semicolon.csv",
+        "planck4000_intensity_first.dat",
+    };
+    for (bool precise : {false, true}) {
+        // The data files hold the numbers of planckText(), the spectrum of the tests above.
+        const std::vector<std::string> expected =
+            split(expectedRow("", planckText(), 0, precise), '\t');
+        for (const char* file : files) {
+            SCOPED_TRACE(file);
+            const std::string path = SPECTROMETER_DIR + file;
+            std::vector<std::string> args = {path};
+            if (precise) args.insert(args.begin(), "--precise");
+            const Outcome r = calc(args);
+            EXPECT_EQ(r.status, EXIT_ALL_GOOD);
+            EXPECT_EQ(r.err, "");
+            ASSERT_EQ(split(r.out, '\n').size(), 2u);
+            EXPECT_EQ(split(split(r.out, '\n').at(1), '\t').at(0), path);
+            EXPECT_EQ(valuesOf(r.out),
+                      std::vector<std::string>(expected.begin() + 1, expected.end()));
+        }
+    }
+}
+
+TEST_F(CalcCommand, SpecWinMilliwattFileGivesTheLumensOfTheWattFile) {
+    const Outcome watts = calc({"--precise", SPECTROMETER_DIR + "planck4000_specwin.isd"});
+    const Outcome milli = calc({"--precise", SPECTROMETER_DIR + "planck4000_specwin_mw.isd"});
+    ASSERT_EQ(milli.status, EXIT_ALL_GOOD) << milli.err;
+    // The mW file repeats the W/nm figures x1000 to 6 digits; the table keeps 4.
+    constexpr double RELATIVE_TOL = 1e-3;
+    for (const char* name : {"Lumens", "x", "y", "CCT"}) {
+        const double expected = cell(watts.out, 1, name);
+        EXPECT_NEAR(cell(milli.out, 1, name), expected, RELATIVE_TOL * std::fabs(expected)) << name;
+    }
+    EXPECT_GT(cell(milli.out, 1, "Lumens"), 0.1);  // not 1000 x, not 0
+    EXPECT_LT(cell(milli.out, 1, "Lumens"), 1.0);
+}
+
+TEST_F(CalcCommand, FileOfSeveralSpectraGivesARowForEachNamedFileHashName) {
+    const std::string expected = expectedRow("", planckText(), 0, true);
+    const struct {
+        const char* file;
+        const char* first;
+        const char* second;
+    } cases[] = {
+        {"planck4000_columns.txt", "Lamp A", "Lamp A x2"},
+        {"planck4000_columns.csv", "#1", "#2"},
+        {"planck4000_two_sets.sp", "planck4000_two_sets (#1)", "planck4000_two_sets (#2)"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.file);
+        const std::string path = SPECTROMETER_DIR + c.file;
+        const Outcome r = calc({"--precise", path});
+        EXPECT_EQ(r.status, EXIT_ALL_GOOD) << r.err;
+        const std::vector<std::string> rows = split(r.out, '\n');
+        ASSERT_EQ(rows.size(), 3u);
+        EXPECT_EQ(rows[1], path + "#" + c.first + expected);
+        EXPECT_EQ(split(rows[2], '\t').at(0), path + "#" + c.second);
+        // Twice the power: twice the lumens, the same colour to the table's 4 digits.
+        EXPECT_NEAR(cell(r.out, 2, "Lumens"), 2 * cell(r.out, 1, "Lumens"),
+                    1e-3 * cell(r.out, 2, "Lumens"));
+        EXPECT_NEAR(cell(r.out, 2, "x"), cell(r.out, 1, "x"), 1e-4);
+    }
+}
+
+TEST_F(CalcCommand, NamesEachBadSpectrometerFileWithItsLineAndGoesOn) {
+    const std::string sp = write("short.sp",
+                                 "SPECTRAL_BANDS 3\nNUMBER_OF_SETS 2\nBEGIN_DATA_FORMAT\n"
+                                 "SPEC_400 SPEC_500 SPEC_600\nBEGIN_DATA\n1 2 3\nEND_DATA\n");
+    const std::string suite = write("cut.txt", "x\n>>>>>Begin Processed\n400\t1\n500\t2\n");
+    const std::string spdx = write("bad.spdx",
+                                   "<SpectralData wavelength=\"400\">1</SpectralData>\n"
+                                   "<SpectralData wavelength=\"500\">1..2</SpectralData>\n");
+    const std::string negative = write("neg.sp",
+                                       "SPECTRAL_BANDS 3\nNUMBER_OF_SETS 1\nBEGIN_DATA_FORMAT\n"
+                                       "SPEC_360 SPEC_600 SPEC_830\nBEGIN_DATA\n1 -2 3\n");
+    const std::string good = SPECTROMETER_DIR + "planck4000.sp";
+    const Outcome r = calc({sp, good, suite, spdx, negative});
+    EXPECT_EQ(r.status, EXIT_INPUT_PROBLEM);
+    const std::vector<std::string> rows = split(r.out, '\n'), errors = split(r.err, '\n');
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(split(rows[1], '\t').at(0), good);
+    EXPECT_EQ(split(rows[2], '\t').at(0), negative);
+    ASSERT_EQ(errors.size(), 4u) << r.err;
+    EXPECT_EQ(errors[0], "lumivar-cli: " + sp + ": NUMBER_OF_SETS is 2 but the data has 1 rows");
+    EXPECT_EQ(errors[1], "lumivar-cli: " + suite +
+                             ": no \">>>>>End Processed\" line: the file ends in the data");
+    EXPECT_EQ(errors[2], "lumivar-cli: " + spdx + ":2: value is not a number: \"1..2\"");
+    EXPECT_EQ(errors[3], "lumivar-cli: " + negative + ":6: negative values set to 0");
+}
