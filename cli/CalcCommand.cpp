@@ -11,6 +11,7 @@
 #include "ReadSpectraFile.h"
 #include "ResultFields.h"
 #include "SpectrumFile.h"
+#include "UserLibrary.h"
 #include "ValueFormat.h"
 #include "Vantrel.h"
 
@@ -78,9 +79,40 @@ void printResults(const std::string& row, const double* grid, int observer, doub
     printRow(out, row, printedFields(calculator.calculate(grid, options)), precise);
 }
 
+// The library kind of a file named like a user library (".spec", ".fils", ".cols"), or -1.
+int libraryTypeOf(const std::string& file) {
+    const std::size_t dot = file.find_last_of('.');
+    const std::string ext = dot == std::string::npos ? std::string() : file.substr(dot);
+    if (ext == USER_SPECTRA_FILE_EXT) return LIBRARY_SPECTRA;
+    if (ext == USER_FILTERS_FILE_EXT) return LIBRARY_FILTERS;
+    if (ext == USER_COLORS_FILE_EXT) return LIBRARY_COLORS;
+    return -1;
+}
+
+// A row per entry of a user library, named "FILE#entry name"; the entries stand on the grid
+// already. Filters and colours are computed as the curves they are.
+bool calcLibrary(const std::string& file, int libraryType, int observer, double csLux, bool precise,
+                 std::ostream& out, std::ostream& err) {
+    std::vector<ledTypeStruct> entries;
+    std::string error;
+    const bool whole = readUserLibrary(file, libraryType, &entries, &error);
+    for (const ledTypeStruct& entry : entries) {
+        const std::string row = file + "#" + entry.name;
+        if (entry.isPrivate) {
+            report(err, row, 0, "a private colour is not shown");
+            continue;
+        }
+        printResults(row, entry.spectrum, observer, csLux, precise, out);
+    }
+    if (!whole) err << CLI_PROGRAM_NAME << ": " << error << '\n';
+    return whole;
+}
+
 // Computes one file and prints a row per spectrum in it; false when the input was not clean.
 bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
               std::ostream& out, std::ostream& err) {
+    const int libraryType = libraryTypeOf(file);
+    if (libraryType >= 0) return calcLibrary(file, libraryType, observer, csLux, precise, out, err);
     SpectraFileResult read;
     if (file == STDIN_NAME) {
         SpectrumReadResult text = readSpectrum(in);
@@ -138,7 +170,8 @@ const char* cliUsage() {
     return "Usage: lumivar-cli COMMAND [OPTION...] [FILE...]\n"
            "\n"
            "Commands:\n"
-           "  calc    results of spectrum files, one table row per file\n"
+           "  calc     results of spectrum files, one table row per spectrum\n"
+           "  convert  spectra of any readable file as a table or into a user library\n"
            "\n"
            "Run 'lumivar-cli calc --help' for the options of calc.\n";
 }

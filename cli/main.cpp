@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CalcCommand.h"
+#include "ConvertCommand.h"
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
@@ -17,6 +18,14 @@ int main(int argc, char** argv) {
     if (command == "-h" || command == "--help") {
         std::cout << cliUsage();
         return EXIT_ALL_GOOD;
+    }
+    if (command == "convert") {
+        try {
+            return runConvert({args.begin() + 1, args.end()}, std::cout, std::cerr);
+        } catch (const std::exception& e) {
+            std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
+            return EXIT_INPUT_PROBLEM;
+        }
     }
     if (command != "calc") {
         std::cerr << CLI_PROGRAM_NAME << ": unknown command '" << command << "'\n" << cliUsage();
