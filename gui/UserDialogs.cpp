@@ -127,3 +127,34 @@ bool UserDialogs::runForm(FXDialogBox* dialog, std::vector<std::string>* fields,
     *fields = readFields();
     return true;
 }
+
+bool UserDialogs::chooseFiles(FXWindow* owner, const FXString& title, const FXString& patterns,
+                              const FXString& directory, int* patternIndex,
+                              std::vector<std::string>* paths) {
+    paths->clear();
+    if (activeScript) {
+        activeScript->shown.push_back({OPEN_FILE, title.text(), patterns.text()});
+        if (activeScript->files.empty()) return false;
+        const std::string chosen = activeScript->files.front();
+        activeScript->files.pop_front();
+        std::size_t start = 0;
+        while (start < chosen.size()) {
+            std::size_t end = chosen.find('\n', start);
+            if (end == std::string::npos) end = chosen.size();
+            if (end > start) paths->push_back(chosen.substr(start, end - start));
+            start = end + 1;
+        }
+        return !paths->empty();
+    }
+    FXFileDialog dialog(owner, title, DECOR_ALL, 0, 0, 500, 300);
+    dialog.setSelectMode(SELECTFILE_MULTIPLE);
+    dialog.setPatternList(patterns);
+    dialog.setCurrentPattern(*patternIndex);
+    dialog.setDirectory(directory);
+    if (!dialog.execute(PLACEMENT_OWNER)) return false;
+    *patternIndex = dialog.getCurrentPattern();
+    FXString* names = dialog.getFilenames();
+    for (int i = 0; names != nullptr && !names[i].empty(); ++i) paths->push_back(names[i].text());
+    delete[] names;
+    return !paths->empty();
+}

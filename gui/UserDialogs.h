@@ -56,6 +56,13 @@ class UserDialogs {
                            const FXString& directory, const FXString& name, bool existingOnly,
                            FXString* path);
 
+    // A file dialog for several existing files. *patternIndex is the pattern it starts with and,
+    // on return, the one last chosen. A script answers with one `files` entry whose paths are
+    // separated by line feeds. True with *paths filled when at least one file was chosen.
+    static bool chooseFiles(FXWindow* owner, const FXString& title, const FXString& patterns,
+                            const FXString& directory, int* patternIndex,
+                            std::vector<std::string>* paths);
+
     // A modal dialog of the program. fields: the texts of its fields, in the form's own order;
     // on OK they hold what the user left in them, which readFields gives after the dialog
     // closed. With a script the dialog never appears: it is recorded (kind FORM, the title, the

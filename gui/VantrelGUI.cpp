@@ -80,6 +80,10 @@ VantrelGUIMap[] = {
                VantrelGUI::onCmdAddToUserSpec),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_USER_DATA, VantrelGUI::ID_IMPORT_USER_DATA_LAST,
                VantrelGUI::onCmdImportUserSpec),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_SPECTROMETER,
+               VantrelGUI::ID_IMPORT_SPECTROMETER_LAST, VantrelGUI::onCmdOpenISDspecFile),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_FILTER_COLOR_FILE,
+               VantrelGUI::ID_IMPORT_FILTER_COLOR_FILE_LAST, VantrelGUI::onCmdOpenFilterColorFile),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_REPLACE_USER_DATA, VantrelGUI::ID_REPLACE_USER_DATA_LAST,
                VantrelGUI::onCmdReplaceUserSpec),
 };

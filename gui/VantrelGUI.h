@@ -23,6 +23,7 @@
 #include "TextToNumber.h"
 #include "UserDesign.h"
 
+class ProcessSpectrometerFiles;
 class Table_zwk7;
 class TextField_zwk7;
 struct MenuItemDef;
@@ -96,6 +97,10 @@ class VantrelGUI : public FXMainWindow {
         ID_IMPORT_USER_DATA_LAST = ID_IMPORT_USER_DATA + 2,
         ID_REPLACE_USER_DATA,
         ID_REPLACE_USER_DATA_LAST = ID_REPLACE_USER_DATA + 2,
+        ID_IMPORT_SPECTROMETER,  // by file type: SpecWin ISD ... Mole ISD
+        ID_IMPORT_SPECTROMETER_LAST = ID_IMPORT_SPECTROMETER + 6,
+        ID_IMPORT_FILTER_COLOR_FILE,  // filters from ISD, from text; colours from ISD, from text
+        ID_IMPORT_FILTER_COLOR_FILE_LAST = ID_IMPORT_FILTER_COLOR_FILE + 3,
         ID_LAST
     };
 
@@ -146,6 +151,9 @@ class VantrelGUI : public FXMainWindow {
     long onCmdAddToUserSpec(FXObject*, FXSelector, void*);
     long onCmdImportUserSpec(FXObject*, FXSelector, void*);
     long onCmdReplaceUserSpec(FXObject*, FXSelector, void*);
+    // Imports of spectrometer and text files into the libraries.
+    long onCmdOpenISDspecFile(FXObject*, FXSelector, void*);
+    long onCmdOpenFilterColorFile(FXObject*, FXSelector, void*);
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }
@@ -225,6 +233,9 @@ class VantrelGUI : public FXMainWindow {
                           double givenLPW);
     // Appends the entries of a library file to the user's library of that kind.
     bool importUserLibrary(int libraryType, const std::string& file);
+    // Imports every spectrum of the files (ProcessSpectrometerFiles types) into a library, as
+    // the import commands do after their file dialog.
+    bool importFiles(int libraryType, int fileType, std::vector<std::string> files);
     // Replaces the user's library by a file, keeping the old one as a backup.
     bool replaceLibrary(int libraryType, const std::string& file);
     const std::vector<ledTypeStruct>& getFilterSpectra() const { return filterSpectra; }
@@ -262,6 +273,9 @@ class VantrelGUI : public FXMainWindow {
     bool allocateAllFilterColors(int libraryType);
     void allocateLibraryRows(int libraryType, int numRowsToKeep);
     bool askEntryName(int libraryType, std::string* name, double* lpw);
+    std::string importedSpectrumName(const ProcessSpectrometerFiles& file, const std::string& title,
+                                     int index) const;
+    void fillFreeFormatTable(const std::vector<double>& nm, const std::vector<double>& values);
     void buildTemperatureFields(FXComposite* parent);
     void layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
     void layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth);
@@ -377,8 +391,10 @@ class VantrelGUI : public FXMainWindow {
     OutputField outputFields[NUM_OUTPUT_FIELDS];
     int outputOrder[NUM_OUTPUT_FIELDS] = {};
     bool settingsReadFailed = false;
-    DesignData designExtras;     // design lines without widgets, kept to be written back
-    int libraryReadFailure = 0;  // 1-based user spectrum that could not be read, or 0
+    DesignData designExtras;  // design lines without widgets, kept to be written back
+    int libraryReadFailure = 0;
+    bool importing = false;  // an import runs Calculate for each spectrum it reads  // 1-based user
+                             // spectrum that could not be read, or 0
 
     // Widgets.
     FXMenuBar* menuBar = nullptr;

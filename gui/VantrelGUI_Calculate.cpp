@@ -364,7 +364,8 @@ bool VantrelGUI::calculateFilterColorInput() {
     const InputRows rows = readInputRows(table);
     DirectInputResult input;
     if (!interpolateInputTable(table, rows, options, &input)) return false;
-    if (input.outOfRange) showInputMessage(table, colorOutOfRangeWarning(options));
+    // An import warns once about the units of all its files instead.
+    if (input.outOfRange && !importing) showInputMessage(table, colorOutOfRangeWarning(options));
     mixedSpectrum.assign(Vantrel::NUM_GRID_POINTS_IR, 0.0);
     for (std::size_t i = 0; i < input.column.size() && i < mixedSpectrum.size(); ++i) {
         mixedSpectrum[i] = fieldValue(input.column[i]);

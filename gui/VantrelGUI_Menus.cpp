@@ -230,6 +230,16 @@ void VantrelGUI::buildMenus() {
         cmd("Save a user spectrum", ID_SAVE_USER_DATA + 1),
         cmd("Import spectra", ID_IMPORT_USER_DATA + 1),
         cmd("New user spectra file", ID_REPLACE_USER_DATA + 1),
+        sep(),
+        cmd("Read spectra from SpecWin ISD files...", ID_IMPORT_SPECTROMETER + 0),
+        cmd("Read spectra from Mole ISD files...", ID_IMPORT_SPECTROMETER + 6),
+        cmd("Read spectra from SpectraSuite files...", ID_IMPORT_SPECTROMETER + 1),
+        cmd("Read spectra from SPDX files...", ID_IMPORT_SPECTROMETER + 2),
+        cmd("Read spectra from CGATS .sp files...", ID_IMPORT_SPECTROMETER + 3),
+        cmd("Read spectra from text files (nm, intensity)...", ID_IMPORT_SPECTROMETER + 4),
+        cmd("Read spectra from text files (intensity, nm)...", ID_IMPORT_SPECTROMETER + 5),
+        check("Include the filename in the spectrum name", "includeFilenameInSpectrumName_Chk"),
+        sep(),
         cmd("Create Gaussian peak user spectrum...", ID_CREATE_GAUSSIAN),
         cascade("Standard illuminates")};
     for (int k = 0; k < NUM_STANDARD_ILLUMINANTS; ++k) {
@@ -241,13 +251,21 @@ void VantrelGUI::buildMenus() {
     userSpectra.push_back(cmd("Create all", ID_STD_ILLUMINANT + NUM_STANDARD_ILLUMINANTS));
     userSpectra.push_back(end());
     addMenu("User Spectra", userSpectra.data(), static_cast<int>(userSpectra.size()));
-    const MenuItemDef userFilters[] = {cmd("Save a user filter", ID_SAVE_USER_DATA),
-                                       cmd("Import filters", ID_IMPORT_USER_DATA),
-                                       cmd("New user filters file", ID_REPLACE_USER_DATA)};
+    const MenuItemDef userFilters[] = {
+        cmd("Save a user filter", ID_SAVE_USER_DATA),
+        cmd("Import filters", ID_IMPORT_USER_DATA),
+        cmd("New user filters file", ID_REPLACE_USER_DATA),
+        sep(),
+        cmd("Read filters from ISD files...", ID_IMPORT_FILTER_COLOR_FILE + 0),
+        cmd("Read filters from text files...", ID_IMPORT_FILTER_COLOR_FILE + 1)};
     addMenu("User Filters", userFilters, std::size(userFilters));
-    const MenuItemDef userColors[] = {cmd("Save a user color", ID_SAVE_USER_DATA + 2),
-                                      cmd("Import colors", ID_IMPORT_USER_DATA + 2),
-                                      cmd("New user colors file", ID_REPLACE_USER_DATA + 2)};
+    const MenuItemDef userColors[] = {
+        cmd("Save a user color", ID_SAVE_USER_DATA + 2),
+        cmd("Import colors", ID_IMPORT_USER_DATA + 2),
+        cmd("New user colors file", ID_REPLACE_USER_DATA + 2),
+        sep(),
+        cmd("Read colors from ISD files...", ID_IMPORT_FILTER_COLOR_FILE + 2),
+        cmd("Read colors from text files...", ID_IMPORT_FILTER_COLOR_FILE + 3)};
     addMenu("User Colors", userColors, std::size(userColors));
 
     std::vector<MenuItemDef> ciePlot = {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "MainWindowFixture.h"
+#include "ProcessSpectrometerFiles.h"
 #include "UserLibrary.h"
 
 namespace fs = std::filesystem;
@@ -210,6 +211,80 @@ TEST_F(UserLibraries, ALibraryThatFailsToReadKeepsItsGoodSpectraAndSaysWhichFail
               "reading in user spectrum #2\n");
     EXPECT_GE(gui->getNumSpectra(), standard);
     EXPECT_GE(rowNamed("Good one"), 0);
+}
+
+}  // namespace
+
+namespace {
+
+const std::string SPECTROMETER = std::string(LUMIVAR_TEST_DATA_DIR) + "/spectrometer/";
+
+TEST_F(UserLibraries, SpectrometerFilesImportAsSpectraThatCalculateLikeTheTwoColumnFile) {
+    // The same 4000 K spectrum as a two-column file, an SPDX file and a SpecWin ISD in mW/nm.
+    const int before = gui->getNumSpectra();
+    script.forms = {{"0"}, {"0"}};  // W/nm, asked once per import; an ISD file says its unit
+    ASSERT_TRUE(gui->importFiles(LIBRARY_SPECTRA, ProcessSpectrometerFiles::TWO_COLUMNS_NM_FIRST,
+                                 {SPECTROMETER + "planck4000.txt"}))
+        << boxes();
+    ASSERT_TRUE(gui->importFiles(LIBRARY_SPECTRA, ProcessSpectrometerFiles::SPDX,
+                                 {SPECTROMETER + "planck4000.spdx"}))
+        << boxes();
+    ASSERT_TRUE(gui->importFiles(LIBRARY_SPECTRA, ProcessSpectrometerFiles::SPECWIN_ISD,
+                                 {SPECTROMETER + "planck4000_specwin_mw.isd"}))
+        << boxes();
+    ASSERT_EQ(gui->getNumSpectra(), before + 3);
+    EXPECT_EQ(std::string(gui->getLedCheck(before + 2)->getText().text()), "planck4000_specwin_mw");
+    // After an import the last spectrum stands checked and calculated.
+    EXPECT_TRUE(gui->getLedCheck(before + 2)->getCheck());
+    const std::vector<ledTypeStruct>& spectra = gui->getModel().spectra();
+    for (int k = 1; k < 3; ++k) {
+        EXPECT_NEAR(spectra[before + k].lumens, spectra[before].lumens,
+                    1e-3 * spectra[before].lumens);
+        EXPECT_NEAR(spectra[before + k].spectrum[100], spectra[before].spectrum[100],
+                    1e-3 * spectra[before].spectrum[100]);
+    }
+}
+
+TEST_F(UserLibraries, AnImportNamesItsSpectraAndListsTheFilesItCouldNotRead) {
+    const fs::path measured = folder / "Blue_3.2V_350mA.txt";
+    fs::copy_file(SPECTROMETER + "planck4000_spectrasuite.txt", measured);
+    const fs::path garbage = folder / "garbage.txt";
+    std::ofstream(garbage) << "\x01\x02 nothing\n";
+    script.forms = {{"0"}};
+    gui->importFiles(LIBRARY_SPECTRA, ProcessSpectrometerFiles::SPECTRASUITE,
+                     {measured.string(), garbage.string()});
+    EXPECT_NE(boxes().find("File error: Some of the files could not be imported, their formatting "
+                           "was not understood:\n\n" +
+                           garbage.string()),
+              std::string::npos)
+        << boxes();
+    // The drive in the name gives the LPW, and leaves the name.
+    const int row = rowNamed("Blue_^^");
+    ASSERT_GE(row, 0);
+    const ledTypeStruct& s = gui->getModel().spectra()[row];
+    EXPECT_NEAR(s.lpw, s.lumens / (3.2 * 0.35), 1e-6 * s.lpw);
+
+    // Several spectra in one file take their column titles, or the file's name with them.
+    script.forms = {{"0"}};
+    gui->importFiles(LIBRARY_SPECTRA, ProcessSpectrometerFiles::SP,
+                     {SPECTROMETER + "planck4000_two_sets.sp"});
+    EXPECT_GE(rowNamed("planck4000_two_sets (#2)"), 0);
+}
+
+TEST_F(UserLibraries, FiltersInPercentReadAsFractionsAreWarnedOfOnce) {
+    const fs::path percent = folder / "gel.txt";
+    {
+        std::ofstream f(percent);
+        for (int nm = 360; nm <= 830; nm += 10) f << nm << "\t" << 50 << "\n";
+    }
+    gui->importFiles(LIBRARY_FILTERS, ProcessSpectrometerFiles::TWO_COLUMNS_NM_FIRST,
+                     {percent.string()});
+    EXPECT_NE(boxes().find("Units Warning: The transmission should be in the range of 0 - 1 but a "
+                           "maximum\nvalue greater than 1"),
+              std::string::npos)
+        << boxes();
+    ASSERT_EQ(gui->getFilterSpectra().size(), 1u);
+    EXPECT_EQ(std::string(gui->getFilterCheck(0)->getText().text()), "gel");
 }
 
 }  // namespace
