@@ -357,6 +357,7 @@ ProgramSettings::ReadResult ProgramSettings::read(std::istream& in, bool isIni) 
     const std::string text = readCapped(in, &cut);
     if (in.bad()) return {ReadStatus::CANNOT_OPEN, {}};  // a folder, or a read error
     if (text.empty()) return {ReadStatus::EMPTY, {}};
+    if (cut) return {ReadStatus::TOO_LARGE, {}};
     if (text.substr(0, text.find('\n')).find('<') == std::string::npos)
         return {ReadStatus::NOT_TAG_FORMAT, {}};
 
@@ -365,10 +366,7 @@ ProgramSettings::ReadResult ProgramSettings::read(std::istream& in, bool isIni) 
     std::size_t start = 0;
     while (start < text.size()) {
         std::size_t end = text.find('\n', start);
-        if (end == std::string::npos) {
-            if (cut) break;  // the line was cut off with the rest of the file
-            end = text.size();
-        }
+        if (end == std::string::npos) end = text.size();
         std::size_t length = end - start;
         if (length > 0 && text[end - 1] == '\r') --length;
         // The search stays inside the line, so a long file without ">" takes linear time.

@@ -65,6 +65,8 @@ class ProgramSettings {
         CANNOT_OPEN,     // missing or unreadable file
         EMPTY,           // no bytes at all
         NOT_TAG_FORMAT,  // the first line has no "<": an older positional file, nothing was read
+        TOO_LARGE,       // more than SETTINGS_MAX_FILE_BYTES: no settings file or design is that
+                         // large, nothing was read
     };
     // A line whose tag the table doesn't know, as it stood: tag with "<" and ">", then the value.
     // Only tags of visible characters are handed back.

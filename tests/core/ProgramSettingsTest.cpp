@@ -221,16 +221,24 @@ TEST(ProgramSettings, ReportsFilesItCannotUseAndChangesNothing) {
     std::remove(legacy.c_str());
 }
 
-TEST(ProgramSettings, AHugeBinaryFileIsCutOffWithoutHarm) {
-    std::string text = "<version>7.77\n";
+TEST(ProgramSettings, AHugeBinaryFileIsRefusedWithoutHarm) {
+    std::string text = "<version>7.77\n<window_x>5\n";
     const std::string chunk =
         std::string("<\0a>\r\n5<<>\n>\n", 12) + std::string(80, '\x7f') + "\n<x>1\n";
-    while (text.size() < SETTINGS_MAX_FILE_BYTES + (1u << 20)) text += chunk;
+    while (text.size() < SETTINGS_MAX_FILE_BYTES - chunk.size()) text += chunk;
     ProgramSettings s;
-    const auto result = readText(s, text, true);
+    // Just below the limit every line is read; the binary lines are skipped.
+    auto result = readText(s, text, true);
     EXPECT_EQ(result.status, Status::OK);
     EXPECT_EQ(s.fileVersion(), 7.77);
+    EXPECT_EQ(s.getInt(OptionId::window_x), 5);
     EXPECT_EQ(result.otherLines.size(), SETTINGS_MAX_OTHER_LINES);  // only the "<x>" lines
+    // Past it nothing is: no settings file or design comes near that size.
+    text += std::string(1u << 20, '<');
+    ProgramSettings t;
+    result = readText(t, text, true);
+    EXPECT_EQ(result.status, Status::TOO_LARGE);
+    EXPECT_EQ(t.getInt(OptionId::window_x), 50);
     // A million lines without a tag: the search for ">" must not run on past each line.
     EXPECT_EQ(readText(s, "<version>7.7\n" + std::string(1u << 20, '\n'), true).status, Status::OK);
 }

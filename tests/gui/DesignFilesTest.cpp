@@ -281,7 +281,14 @@ TEST_F(DesignFiles, AFileThatIsNoDesignIsRefusedAndChangesNothing) {
     const std::string noVersion = (folder / "noversion.vtd").string();
     std::ofstream(legacy) << "6.50\n1\n0\n";
     std::ofstream(noVersion) << "<cieDiagramType>1\n";
-    for (const std::string& path : {legacy, noVersion, (folder / "missing.vtd").string()}) {
+    const std::string huge = (folder / "huge.vtd").string();
+    {
+        std::ofstream f(huge);
+        f << "<version>7.77\n<cieDiagramType>1\n";
+        const std::string longLine = "<mainCurveName>" + std::string(10000, 'x') + "\n";
+        for (std::size_t n = 0; n * longLine.size() < SETTINGS_MAX_FILE_BYTES; ++n) f << longLine;
+    }
+    for (const std::string& path : {legacy, noVersion, huge, (folder / "missing.vtd").string()}) {
         script.shown.clear();
         script.files.push_back(path);
         gui->onCmdOpenUserFile(nullptr, 0, nullptr);
