@@ -80,6 +80,8 @@ VantrelGUIMap[] = {
                VantrelGUI::onCmdAddToUserSpec),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_USER_DATA, VantrelGUI::ID_IMPORT_USER_DATA_LAST,
                VantrelGUI::onCmdImportUserSpec),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_EDIT_USER_DATA, VantrelGUI::ID_EDIT_USER_DATA_LAST,
+               VantrelGUI::onCmdEditUserSpec),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_SPECTROMETER,
                VantrelGUI::ID_IMPORT_SPECTROMETER_LAST, VantrelGUI::onCmdOpenISDspecFile),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_IMPORT_FILTER_COLOR_FILE,

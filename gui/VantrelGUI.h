@@ -8,6 +8,7 @@
 
 #include <array>
 #include <ctime>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@
 #include "UserDesign.h"
 
 class ProcessSpectrometerFiles;
+class SpectraEditorWindow;
 class Table_zwk7;
 class TextField_zwk7;
 struct MenuItemDef;
@@ -97,6 +99,8 @@ class VantrelGUI : public FXMainWindow {
         ID_IMPORT_USER_DATA_LAST = ID_IMPORT_USER_DATA + 2,
         ID_REPLACE_USER_DATA,
         ID_REPLACE_USER_DATA_LAST = ID_REPLACE_USER_DATA + 2,
+        ID_EDIT_USER_DATA,  // by library type
+        ID_EDIT_USER_DATA_LAST = ID_EDIT_USER_DATA + 2,
         ID_IMPORT_SPECTROMETER,  // by file type: SpecWin ISD ... Mole ISD
         ID_IMPORT_SPECTROMETER_LAST = ID_IMPORT_SPECTROMETER + 6,
         ID_IMPORT_FILTER_COLOR_FILE,  // filters from ISD, from text; colours from ISD, from text
@@ -151,6 +155,7 @@ class VantrelGUI : public FXMainWindow {
     long onCmdAddToUserSpec(FXObject*, FXSelector, void*);
     long onCmdImportUserSpec(FXObject*, FXSelector, void*);
     long onCmdReplaceUserSpec(FXObject*, FXSelector, void*);
+    long onCmdEditUserSpec(FXObject*, FXSelector, void*);
     // Imports of spectrometer and text files into the libraries.
     long onCmdOpenISDspecFile(FXObject*, FXSelector, void*);
     long onCmdOpenFilterColorFile(FXObject*, FXSelector, void*);
@@ -236,6 +241,10 @@ class VantrelGUI : public FXMainWindow {
     // Imports every spectrum of the files (ProcessSpectrometerFiles types) into a library, as
     // the import commands do after their file dialog.
     bool importFiles(int libraryType, int fileType, std::vector<std::string> files);
+    // Opens the "Simple editor" on a library; drive, when given, works the window in place of
+    // the user (tests), else it runs modal. Rows are rebuilt when the editor saved.
+    void editLibrary(int libraryType,
+                     const std::function<void(SpectraEditorWindow&)>& drive = nullptr);
     // Replaces the user's library by a file, keeping the old one as a backup.
     bool replaceLibrary(int libraryType, const std::string& file);
     const std::vector<ledTypeStruct>& getFilterSpectra() const { return filterSpectra; }

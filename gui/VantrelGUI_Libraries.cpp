@@ -7,6 +7,7 @@
 #include "FileText.h"
 #include "Fox_Fixes/Table_zwk7.h"
 #include "Fox_Fixes/TextField_zwk7.h"
+#include "SpectraEditorWindow.h"
 #include "UserDialogs.h"
 #include "UserLibrary.h"
 #include "UserSpectrumInfo.h"
@@ -285,4 +286,33 @@ bool VantrelGUI::replaceLibrary(int type, const std::string& file) {
     // The checks stay with their rows by position.
     allocateLibraryRows(type, getNumSpectra());
     return result.ok;
+}
+
+// --- The editor ------------------------------------------------------------------------------
+
+long VantrelGUI::onCmdEditUserSpec(FXObject*, FXSelector sel, void*) {
+    editLibrary(std::clamp(static_cast<int>(FXSELID(sel)) - ID_EDIT_USER_DATA, 0, 2));
+    return 1;
+}
+
+void VantrelGUI::editLibrary(int type, const std::function<void(SpectraEditorWindow&)>& drive) {
+    std::vector<ledTypeStruct> entries;
+    std::string error;
+    if (!readUserLibrary(libraryPath(type), type, &entries, &error) &&
+        fileExists(libraryPath(type))) {
+        UserDialogs::error(this, "File error", "Could not read the file:\n\n%s", error.c_str());
+        return;
+    }
+    SpectraEditorWindow editor(this, type, entries, libraryPath(type),
+                               settings.getString("pathUserFilesDirectory"));
+    if (drive) {
+        editor.create();
+        drive(editor);
+    } else {
+        editor.execute(PLACEMENT_OWNER);
+    }
+    if (!editor.wasSaved()) return;
+    // The standard rows keep what they hold; the user rows follow the library's new order.
+    allocateLibraryRows(type, model->definitions().getNumStdSpectra());
+    if (type == LIBRARY_SPECTRA) writeUserSpecDefaultLPW(true);
 }

@@ -230,6 +230,7 @@ void VantrelGUI::buildMenus() {
         cmd("Save a user spectrum", ID_SAVE_USER_DATA + 1),
         cmd("Import spectra", ID_IMPORT_USER_DATA + 1),
         cmd("New user spectra file", ID_REPLACE_USER_DATA + 1),
+        cmd("Edit user spectra...", ID_EDIT_USER_DATA + 1),
         sep(),
         cmd("Read spectra from SpecWin ISD files...", ID_IMPORT_SPECTROMETER + 0),
         cmd("Read spectra from Mole ISD files...", ID_IMPORT_SPECTROMETER + 6),

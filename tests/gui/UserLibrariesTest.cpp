@@ -10,6 +10,7 @@
 
 #include "MainWindowFixture.h"
 #include "ProcessSpectrometerFiles.h"
+#include "SpectraEditorWindow.h"
 #include "UserLibrary.h"
 
 namespace fs = std::filesystem;
@@ -285,6 +286,58 @@ TEST_F(UserLibraries, FiltersInPercentReadAsFractionsAreWarnedOfOnce) {
         << boxes();
     ASSERT_EQ(gui->getFilterSpectra().size(), 1u);
     EXPECT_EQ(std::string(gui->getFilterCheck(0)->getText().text()), "gel");
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(UserLibraries, TheEditorReordersRenamesAndSavesTheLibraryAndTheRowsFollow) {
+    for (const char* name : {"Alpha", "Beta", "Gamma"}) {
+        chooseAnalysis(2);
+        gui->getBlackBodyField()->setText("3000");
+        gui->onCmdCalculate(nullptr, 0, nullptr);
+        script.forms = {{name, "90"}};
+        save(LIBRARY_SPECTRA);
+    }
+    const int first = gui->getNumSpectra() - 3;
+    gui->getLedCheck(first + 2)->setCheck(TRUE);  // user rows are rebuilt; this check goes
+    script.shown.clear();
+    gui->editLibrary(LIBRARY_SPECTRA, [&](SpectraEditorWindow& w) {
+        w.selectItems({2});
+        w.onCmdUp(nullptr, 0, nullptr);        // Alpha, Gamma, Beta
+        script.forms = {{""}, {"Gamma ray"}};  // an empty name is refused first
+        w.onCmdRename(nullptr, 0, nullptr);
+        w.selectItems({0});
+        script.forms = {{"Lumens 200"}};
+        w.onCmdScale(nullptr, 0, nullptr);
+        // Export with nothing selected is refused; then the chosen items in columns.
+        w.selectItems({});
+        w.onCmdExport(nullptr, FXSEL(SEL_COMMAND, SpectraEditorWindow::ID_EXPORT), nullptr);
+        w.selectItems({1, 2});
+        w.getColumnsCheck()->setCheck(TRUE);
+        script.files = {(folder / "two").string()};
+        w.onCmdExport(nullptr, FXSEL(SEL_COMMAND, SpectraEditorWindow::ID_EXPORT), nullptr);
+        w.onCmdSave(nullptr, 0, nullptr);
+    });
+    EXPECT_NE(boxes().find("Spectrum name error: You must enter a name"), std::string::npos)
+        << boxes();
+    EXPECT_NE(boxes().find("Selection error: You must select at least 1 item to export."),
+              std::string::npos);
+    EXPECT_EQ(std::string(gui->getLedCheck(first + 1)->getText().text()), "Gamma ray");
+    EXPECT_EQ(std::string(gui->getLedCheck(first + 2)->getText().text()), "Beta");
+    EXPECT_NEAR(gui->getModel().spectra()[first].lumens, 200, 1e-9);
+    std::ifstream table(folder / "two.xls");
+    std::string header;
+    std::getline(table, header);
+    EXPECT_EQ(header, "nm\tGamma ray\tBeta\t");
+
+    // Cancel changes nothing.
+    gui->editLibrary(LIBRARY_SPECTRA, [&](SpectraEditorWindow& w) {
+        w.selectItems({0, 1, 2});
+        w.onCmdDelete(nullptr, 0, nullptr);
+    });
+    EXPECT_EQ(std::string(gui->getLedCheck(first)->getText().text()), "Alpha");
 }
 
 }  // namespace
