@@ -103,9 +103,10 @@ class LineReader {
 };
 
 void setName(ledTypeStruct* e, std::string_view name) {
-    name = trim(name);
-    const std::size_t n = std::min(name.size(), NAME_CHARS);
-    std::memcpy(e->name, name.data(), n);
+    // Trimmed again after the cut, so that the name reads back the same once written.
+    name = trim(trim(name).substr(0, NAME_CHARS));
+    const std::size_t n = name.size();
+    if (n > 0) std::memcpy(e->name, name.data(), n);  // an empty view may have no data at all
     e->name[n] = '\0';
 }
 
@@ -153,6 +154,8 @@ class UserLibraryParser {
     bool parseDataLine(std::string_view line, ledTypeStruct* e, double* scaling);
     bool parseSpectrumLine(std::string_view line, ledTypeStruct* e, double scaling);
     void parseOldEntry();
+    bool parseOldPhotometry(std::string_view* line, ledTypeStruct* e, double* scaling);
+    bool parseOldValues(std::string_view countLine, ledTypeStruct* e, double scaling);
     bool parseOldNumber(std::string_view line, const char* what, double* v);
     void store(const ledTypeStruct& e);
 
@@ -339,53 +342,65 @@ void UserLibraryParser::parseOldEntry() {
     setName(&e, line);
     double scaling = 1.0;
     if (library.libraryType == LIBRARY_SPECTRA) {
-        if (!nextLine(&line, &e, "lumens line") || !parseOldNumber(line, "lumens", &e.lumens))
-            return;
-        if (!nextLine(&line, &e, "watts line") || !parseOldNumber(line, "watts", &e.wattsVis))
-            return;
-        if (!nextLine(&line, &e, "count line")) return;
-        if (lower(line).find(ReadWriteUserSpectra::lpwStr) != std::string::npos) {
-            if (!parseLeadingNumber(line, &e.lpw)) e.lpw = 0.0;  // as the LPW field reads it
-            if (!nextLine(&line, &e, "count line")) return;
-        }
-        if (lower(line).find("scaling") != std::string::npos) {
-            if (!parseOldNumber(line, "scaling", &scaling)) return;
-            if (!(scaling > 0.0)) {
-                library.fail(lines.lineNumber(), "the scaling factor is not above 0");
-                return;
-            }
-            if (!nextLine(&line, &e, "count line")) return;
-        }
-        // The stored photometry belongs to the stored (scaled) values.
-        e.lumens /= scaling;
-        e.wattsVis /= scaling;
-        e.wattsVisIR = e.wattsVis;
+        if (!parseOldPhotometry(&line, &e, &scaling)) return;
     } else if (!nextLine(&line, &e, "count line")) {
         return;
     }
-    int count = 0;
-    if (!parseLeadingInt(line, &count) || count < 0) {
-        library.fail(lines.lineNumber(),
-                     "the count line holds " + quote(line) + ", not a number of values");
-        return;
+    if (parseOldValues(line, &e, scaling)) store(e);
+}
+
+bool UserLibraryParser::parseOldPhotometry(std::string_view* line, ledTypeStruct* e,
+                                           double* scaling) {
+    if (!nextLine(line, e, "lumens line") || !parseOldNumber(*line, "lumens", &e->lumens))
+        return false;
+    if (!nextLine(line, e, "watts line") || !parseOldNumber(*line, "watts", &e->wattsVis))
+        return false;
+    if (!nextLine(line, e, "count line")) return false;
+    if (lower(*line).find(ReadWriteUserSpectra::lpwStr) != std::string::npos) {
+        if (!parseLeadingNumber(*line, &e->lpw)) e->lpw = 0.0;  // as the LPW field reads it
+        if (!nextLine(line, e, "count line")) return false;
     }
+    if (lower(*line).find("scaling") != std::string::npos) {
+        if (!parseOldNumber(*line, "scaling", scaling)) return false;
+        if (!(*scaling > 0.0)) {
+            library.fail(lines.lineNumber(), "the scaling factor is not above 0");
+            return false;
+        }
+        if (!nextLine(line, e, "count line")) return false;
+    }
+    // The stored photometry belongs to the stored (scaled) values.
+    e->lumens /= *scaling;
+    e->wattsVis /= *scaling;
+    e->wattsVisIR = e->wattsVis;
+    return true;
+}
+
+bool UserLibraryParser::parseOldValues(std::string_view countLine, ledTypeStruct* e,
+                                       double scaling) {
+    int count = 0;
+    if (!parseLeadingInt(countLine, &count) || count < 0) {
+        library.fail(lines.lineNumber(),
+                     "the count line holds " + quote(countLine) + ", not a number of values");
+        return false;
+    }
+    std::string_view line;
     for (int k = 0; k < count; ++k) {
-        if (!nextLine(&line, &e, "values in full")) return;
+        if (!nextLine(&line, e, "values in full")) return false;
         const std::string_view v = trim(line);
         if (v == "EOF" || v == "eof") break;  // the section ends before the count
         double value = 0.0;
-        if (!parseOldNumber(line, "value", &value)) return;
+        if (!parseOldNumber(line, "value", &value)) return false;
         value /= scaling;
-        if (k < USER_LIBRARY_OLD_FORMAT_POINTS) e.spectrum[k] = value > 0.0 ? value : 0.0;
+        if (k < USER_LIBRARY_OLD_FORMAT_POINTS) e->spectrum[k] = value > 0.0 ? value : 0.0;
     }
-    if (!std::isfinite(e.lumens) || !std::isfinite(e.wattsVis) ||
-        !std::all_of(e.spectrum, e.spectrum + NUM_POINTS,
-                     [](double x) { return std::isfinite(x); })) {
+    const auto finite = [](double x) { return std::isfinite(x); };
+    if (!finite(e->lumens) || !finite(e->wattsVis) ||
+        !std::all_of(e->spectrum, e->spectrum + NUM_POINTS, finite)) {
         library.fail(lines.lineNumber(),
-                     "the values of " + quote(e.name) + " are too large for its scaling");
-        return;
+                     "the values of " + quote(e->name) + " are too large for its scaling");
+        return false;
     }
-    store(e);
+    return true;
 }
 
 void ReadWriteUserSpectra::fail(int line, const std::string& reason) {
@@ -407,7 +422,9 @@ ReadWriteUserSpectra::ReadWriteUserSpectra(bool newFormat, bool readData, int fi
     }
     read(text, newFormat, readData, firstIndex, out, maxEntries);
     if (status == FileReadStatus::TOO_LARGE) {
-        // The entries within the limit stand; a cut entry at its end failed first.
+        // The entries within the limit stand; the size is the fault to report, not the entry
+        // that the limit cut.
+        error = false;
         fail(0, "the file is larger than " + std::to_string(USER_LIBRARY_MAX_BYTES >> 20) +
                     " MB; only its beginning was read");
     }

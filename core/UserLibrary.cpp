@@ -107,14 +107,14 @@ LibraryReplaceResult replaceUserLibrary(const std::string& libraryPath, const st
                                         int libraryType) {
     LibraryReplaceResult result;
     const LibraryMessage unreadable{
-        LibraryBox::ERROR, replaceErrorTitle(libraryType),
+        LibraryMessageId::REPLACEMENT_UNREADABLE, LibraryBox::ERROR, replaceErrorTitle(libraryType),
         "Could not read the file:\n\n" + newFile + "\n\nThe old file will be restored."};
     if (fileExists(libraryPath)) {
         result.backupPath = getBackupFileName(libraryPath);
         if (!copyFile(libraryPath, result.backupPath)) {
             // Without a backup the library is not touched.
             result.message = {
-                LibraryBox::ERROR, "File error",
+                LibraryMessageId::BACKUP_NOT_WRITTEN, LibraryBox::ERROR, "File error",
                 "File \"" + result.backupPath + "\" could not be written, try a different name."};
             result.backupPath.clear();
             return result;

@@ -27,9 +27,9 @@ const LibraryKindTexts& kindTexts(int libraryType) {
     return KIND_TEXTS[libraryType == LIBRARY_FILTERS ? 0 : libraryType == LIBRARY_COLORS ? 2 : 1];
 }
 
-bool setMessage(LibraryMessage* message, LibraryBox box, const std::string& title,
+bool setMessage(LibraryMessage* message, LibraryMessageId id, const std::string& title,
                 const std::string& text) {
-    if (message != nullptr) *message = LibraryMessage{box, title, text};
+    if (message != nullptr) *message = LibraryMessage{id, LibraryBox::ERROR, title, text};
     return true;
 }
 
@@ -43,11 +43,11 @@ std::string trimmed(const std::string& s) {
 LibraryMessage aboveScaleWarning(int libraryType, double scale) {
     const std::string limit = fixedText(scale, 0);
     if (libraryType == LIBRARY_FILTERS) {
-        return {LibraryBox::QUESTION, "Filter data warning",
+        return {LibraryMessageId::FILTER_ABOVE_SCALE, LibraryBox::QUESTION, "Filter data warning",
                 "Transmission values for filters should range from 0 to " + limit +
                     "\n\nclick \"Yes\" to ignore this warning the future."};
     }
-    return {LibraryBox::QUESTION, "Color data warning",
+    return {LibraryMessageId::COLOR_ABOVE_SCALE, LibraryBox::QUESTION, "Color data warning",
             "Reflectance values for colors should range from 0 to " + limit +
                 "\n\nclick \"Yes\" to ignore this warning the future."};
 }
@@ -64,27 +64,29 @@ bool checkLibraryLimit(int libraryType, int numRows, LibraryMessage* message) {
         "You can only read in up to " + std::to_string(stop + 1) + " " + kind.plural +
         ", with this there will be too many.\nYou can save your user " + kind.plural +
         " in several files and read in the ones you need to use as you go.";
-    return setMessage(message, LibraryBox::ERROR, kind.limitTitle, text);
+    return setMessage(message, LibraryMessageId::LIBRARY_FULL, kind.limitTitle, text);
 }
 
 bool checkEntryLPW(double lpw, LibraryMessage* message) {
     // The lower limit lets an empty field (0) pass, although the message names 0.1.
     if (lpw >= MIN_ENTRY_LPW && lpw <= MAX_ENTRY_LPW) return false;
-    return setMessage(message, LibraryBox::ERROR, "LPW error",
+    return setMessage(message, LibraryMessageId::LPW_OUT_OF_RANGE, "LPW error",
                       "The LPW value is out of range (0.1-300)");
 }
 
 bool checkEntryName(int libraryType, const std::string& name, LibraryMessage* message) {
     const std::string t = trimmed(name);
     const char* title = kindTexts(libraryType).nameErrorTitle;
-    if (t.empty()) return setMessage(message, LibraryBox::ERROR, title, "You must enter a name");
+    if (t.empty()) {
+        return setMessage(message, LibraryMessageId::NAME_EMPTY, title, "You must enter a name");
+    }
     const bool illegal = std::any_of(t.begin(), t.end(), [](char c) {
         const auto u = static_cast<unsigned char>(c);
         return u < 32 || u > 126;
     });
     if (!illegal) return false;
     return setMessage(
-        message, LibraryBox::ERROR, title,
+        message, LibraryMessageId::NAME_ILLEGAL, title,
         "The name you entered \"" + t + "\" is invalid, it contains an illegal character");
 }
 
@@ -103,7 +105,7 @@ EntryValues readEntryValues(const std::vector<std::string>& cells,
         if (v < NEGATIVE_VALUE_LIMIT && !result.negativeFound) {
             result.negativeFound = true;
             result.messages.push_back(
-                {LibraryBox::WARNING, "Negative value error",
+                {LibraryMessageId::NEGATIVE_VALUE, LibraryBox::WARNING, "Negative value error",
                  "A negative value was found - all negative values will be set to 0.0"});
         }
         if (v < 0.0) v = 0.0;
@@ -124,7 +126,7 @@ bool checkEntryIntensities(const std::vector<double>& values, LibraryMessage* me
     const bool some =
         std::any_of(values.begin(), values.end(), [](double v) { return v > MIN_ENTRY_INTENSITY; });
     if (some) return false;
-    return setMessage(message, LibraryBox::ERROR, "Spectrum error",
+    return setMessage(message, LibraryMessageId::NO_INTENSITY, "Spectrum error",
                       "You must have some intensities greater than " +
                           scientificText(MIN_ENTRY_INTENSITY, 1) + ".");
 }
@@ -133,7 +135,8 @@ ledTypeStruct makeUserLibraryEntry(int libraryType, const std::string& name, dou
                                    const std::vector<double>& values, double lumens,
                                    double wattsVis, double wattsVisIR, bool isPrivate) {
     ledTypeStruct e{};
-    const std::string t = trimmed(name).substr(0, sizeof e.name - 1);
+    // Trimmed again after the cut: the library reads names trimmed.
+    const std::string t = trimmed(trimmed(name).substr(0, sizeof e.name - 1));
     std::memcpy(e.name, t.data(), t.size());
     e.lpw = lpw;
     const std::size_t n = std::min(values.size(), std::size_t{Vantrel::NUM_GRID_POINTS_IR});

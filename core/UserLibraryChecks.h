@@ -17,7 +17,23 @@ enum class LibraryBox {
     QUESTION,  // a Yes/No box; the command goes on either way, "Yes" changes an option
 };
 
+// Which message it is, so that a caller can act on the answer or map it to an exit status.
+enum class LibraryMessageId {
+    NONE,
+    LIBRARY_FULL,            // the limit of rows or entries is reached
+    LPW_OUT_OF_RANGE,        // "The LPW value is out of range (0.1-300)"
+    NAME_EMPTY,              // "You must enter a name"
+    NAME_ILLEGAL,            // a character outside 32 to 126
+    NEGATIVE_VALUE,          // negatives were set to 0
+    FILTER_ABOVE_SCALE,      // "Yes" checks "Allow values greater than 1 or 100%"
+    COLOR_ABOVE_SCALE,       // "Yes" turns the warning off for the run
+    NO_INTENSITY,            // no value above MIN_ENTRY_INTENSITY
+    REPLACEMENT_UNREADABLE,  // the new library could not be read; the old one is back
+    BACKUP_NOT_WRITTEN,      // no backup could be made; nothing was replaced
+};
+
 struct LibraryMessage {
+    LibraryMessageId id = LibraryMessageId::NONE;
     LibraryBox box = LibraryBox::ERROR;
     std::string title;
     std::string text;

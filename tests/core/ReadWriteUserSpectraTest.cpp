@@ -229,6 +229,13 @@ TEST_F(ReadWriteUserSpectraTest, NamesAreStoredAsTheyStandAndCutToTheRecord) {
                 LIBRARY_FILTERS, &why);
     ASSERT_EQ(e.size(), 1u) << why;
     EXPECT_EQ(std::string(e[0].name), longName.substr(0, 99));
+
+    // A cut that ends in blanks leaves none at the end, so the name reads back the same.
+    const std::string blanksAtTheCut = std::string(97, 'b') + "    tail";
+    e = readAll("1.15 // version\n" + blanksAtTheCut + "\n" + valuesLine(1, "1"), LIBRARY_FILTERS,
+                &why);
+    ASSERT_EQ(e.size(), 1u) << why;
+    EXPECT_EQ(std::string(e[0].name), std::string(97, 'b'));
 }
 
 TEST_F(ReadWriteUserSpectraTest, ACutFinalEntryIsAnErrorAndTheCompleteOnesStay) {

@@ -37,6 +37,7 @@ TEST(UserLibraryChecks, TheLimitsStopAddingWithTheirOwnNumbers) {
         ASSERT_EQ(checkLibraryLimit(c.libraryType, c.rows, &m), c.error);
         if (!c.error) continue;
         EXPECT_EQ(m.box, LibraryBox::ERROR);
+        EXPECT_EQ(m.id, LibraryMessageId::LIBRARY_FULL);
         EXPECT_EQ(m.title, c.title);
         EXPECT_EQ(m.text, c.text);
     }
@@ -124,6 +125,7 @@ TEST(UserLibraryChecks, TableValuesAreReadWithOneWarningOfEachKind) {
     const EntryValues filter = readEntryValues({"120"}, {LIBRARY_FILTERS, 100.0});
     ASSERT_EQ(filter.messages.size(), 1u);
     EXPECT_EQ(filter.messages[0].box, LibraryBox::QUESTION);
+    EXPECT_EQ(filter.messages[0].id, LibraryMessageId::FILTER_ABOVE_SCALE);
     EXPECT_EQ(filter.messages[0].text,
               "Transmission values for filters should range from 0 to 100\n\nclick \"Yes\" to "
               "ignore this warning the future.");

@@ -141,6 +141,7 @@ TEST_F(UserLibraryTest, AReplacementThatCannotBeReadRestoresTheOldLibrary) {
 
         const LibraryReplaceResult r = replaceUserLibrary(library, bad, c.libraryType);
         EXPECT_FALSE(r.ok);
+        EXPECT_EQ(r.message.id, LibraryMessageId::REPLACEMENT_UNREADABLE);
         EXPECT_EQ(r.message.title, c.title);
         EXPECT_EQ(r.message.text,
                   "Could not read the file:\n\n" + bad + "\n\nThe old file will be restored.");
