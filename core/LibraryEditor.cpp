@@ -10,7 +10,7 @@
 namespace {
 
 bool fail(LibraryMessage* message, const std::string& title, const std::string& text) {
-    if (message != nullptr) *message = {LibraryBox::ERROR, title, text};
+    if (message != nullptr) *message = {LibraryMessageId::NONE, LibraryBox::ERROR, title, text};
     return true;
 }
 

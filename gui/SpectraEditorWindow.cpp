@@ -196,7 +196,7 @@ long SpectraEditorWindow::onCmdScale(FXObject*, FXSelector, void*) {
         if (by >= 0 && !editor.scale(i, static_cast<LibraryEditor::ScaleBy>(by), target, &message))
             break;
         if (by < 0)
-            message = {LibraryBox::ERROR, "Scale error",
+            message = {LibraryMessageId::NONE, LibraryBox::ERROR, "Scale error",
                        "Start with Lumens, Visible watts or Max intensity."};
         showMessage(this, message);
     }

@@ -402,8 +402,9 @@ class VantrelGUI : public FXMainWindow {
     bool settingsReadFailed = false;
     DesignData designExtras;  // design lines without widgets, kept to be written back
     int libraryReadFailure = 0;
-    bool importing = false;  // an import runs Calculate for each spectrum it reads  // 1-based user
-                             // spectrum that could not be read, or 0
+    bool importing = false;        // an import runs Calculate for each spectrum it reads
+    bool colorWarningOff = false;  // "Yes" to "Color data warning": not asked again this run  //
+                                   // 1-based user spectrum that could not be read, or 0
 
     // Widgets.
     FXMenuBar* menuBar = nullptr;

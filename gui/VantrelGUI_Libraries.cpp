@@ -186,15 +186,20 @@ bool VantrelGUI::addToUserLibrary(int type, const std::string& givenName, bool n
     const bool filterColorInput = analysisType == 4 || analysisType == 7;
     options.scale = filterColorInput && settings.getInt("colorsFiltersUnits") == 1 ? 100.0 : 1.0;
     options.allowAboveScale = settings.getBool("allowFiltersGreaterThanOneMenu");
+    options.colorWarningOff = colorWarningOff;
     options.photons = settings.getInt("freeFormatInputUnitsIndex") == 3 && !filterColorInput;
     std::vector<std::string> cells(displayTable->getNumRows());
     for (int r = 0; r < displayTable->getNumRows(); ++r)
         cells[r] = displayTable->getItemText(r, 1).text();
     EntryValues values = readEntryValues(cells, options);
     for (const LibraryMessage& m : values.messages) {
-        // "Yes" to the filter warning allows such filters from now on.
-        if (showLibraryMessage(this, m) == MBOX_CLICKED_YES && type == LIBRARY_FILTERS)
-            settings.setBool("allowFiltersGreaterThanOneMenu", true), settingsToWidgets();
+        if (showLibraryMessage(this, m) != MBOX_CLICKED_YES) continue;
+        // "Yes" allows such filters from now on, and silences the colour warning for this run.
+        if (m.id == LibraryMessageId::FILTER_ABOVE_SCALE) {
+            settings.setBool("allowFiltersGreaterThanOneMenu", true);
+            settingsToWidgets();
+        }
+        if (m.id == LibraryMessageId::COLOR_ABOVE_SCALE) colorWarningOff = true;
     }
     if (checkEntryIntensities(values.values, &message))
         return showLibraryMessage(this, message), false;
