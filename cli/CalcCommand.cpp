@@ -79,16 +79,6 @@ void printResults(const std::string& row, const double* grid, int observer, doub
     printRow(out, row, printedFields(calculator.calculate(grid, options)), precise);
 }
 
-// The library kind of a file named like a user library (".spec", ".fils", ".cols"), or -1.
-int libraryTypeOf(const std::string& file) {
-    const std::size_t dot = file.find_last_of('.');
-    const std::string ext = dot == std::string::npos ? std::string() : file.substr(dot);
-    if (ext == USER_SPECTRA_FILE_EXT) return LIBRARY_SPECTRA;
-    if (ext == USER_FILTERS_FILE_EXT) return LIBRARY_FILTERS;
-    if (ext == USER_COLORS_FILE_EXT) return LIBRARY_COLORS;
-    return -1;
-}
-
 // A row per entry of a user library, named "FILE#entry name"; the entries stand on the grid
 // already. Filters and colours are computed as the curves they are.
 bool calcLibrary(const std::string& file, int libraryType, int observer, double csLux, bool precise,
@@ -111,7 +101,7 @@ bool calcLibrary(const std::string& file, int libraryType, int observer, double 
 // Computes one file and prints a row per spectrum in it; false when the input was not clean.
 bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
               std::ostream& out, std::ostream& err) {
-    const int libraryType = libraryTypeOf(file);
+    const int libraryType = libraryTypeOfFile(file);
     if (libraryType >= 0) return calcLibrary(file, libraryType, observer, csLux, precise, out, err);
     SpectraFileResult read;
     if (file == STDIN_NAME) {

@@ -28,19 +28,10 @@ void report(std::ostream& err, const std::string& what, const std::string& messa
     err << CLI_PROGRAM_NAME << ": " << what << ": " << message << '\n';
 }
 
-int libraryTypeOfName(const std::string& file) {
-    const std::size_t dot = file.find_last_of('.');
-    const std::string ext = dot == std::string::npos ? std::string() : file.substr(dot);
-    if (ext == USER_SPECTRA_FILE_EXT) return LIBRARY_SPECTRA;
-    if (ext == USER_FILTERS_FILE_EXT) return LIBRARY_FILTERS;
-    if (ext == USER_COLORS_FILE_EXT) return LIBRARY_COLORS;
-    return -1;
-}
-
 // The spectra of one input file, named as the window's import names them; false when the file
 // gave nothing usable.
 bool readInput(const std::string& file, std::vector<GridSpectrum>* spectra, std::ostream& err) {
-    const int libraryType = libraryTypeOfName(file);
+    const int libraryType = libraryTypeOfFile(file);
     if (libraryType >= 0) {
         std::vector<ledTypeStruct> entries;
         std::string error;

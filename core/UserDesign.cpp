@@ -6,6 +6,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "CLocaleNumbers.h"
 #include "CalculateModel.h"
 #include "ValueFormat.h"
 
@@ -50,14 +51,7 @@ std::string trimmed(const std::string& s) {
 
 // A whole token as a finite number in the C locale.
 bool parseDouble(const std::string& text, double* out) {
-    std::string s = trimmed(text);
-    if (!s.empty() && s[0] == '+') s.erase(0, 1);
-    if (s.empty()) return false;
-    double v = 0;
-    const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), v);
-    if (ec != std::errc() || end != s.data() + s.size() || !std::isfinite(v)) return false;
-    *out = v;
-    return true;
+    return parseWholeNumber(trimmed(text), out);
 }
 
 bool parseInt(const std::string& text, int* out) {

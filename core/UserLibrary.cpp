@@ -27,6 +27,15 @@ const char* replaceErrorTitle(int libraryType) {
 
 }  // namespace
 
+int libraryTypeOfFile(const std::string& path) {
+    const std::size_t dot = path.find_last_of('.');
+    const std::string ext = dot == std::string::npos ? std::string() : path.substr(dot);
+    if (ext == USER_SPECTRA_FILE_EXT) return LIBRARY_SPECTRA;
+    if (ext == USER_FILTERS_FILE_EXT) return LIBRARY_FILTERS;
+    if (ext == USER_COLORS_FILE_EXT) return LIBRARY_COLORS;
+    return -1;
+}
+
 std::string userLibraryFileName(int libraryType) {
     switch (libraryType) {
         case LIBRARY_FILTERS:

@@ -22,6 +22,8 @@ constexpr const char* USER_COLORS_FILE_EXT = ".cols";
 
 // "userSpectra.spec", "userFilters.fils" or "userColors.cols" for a libraryType.
 std::string userLibraryFileName(int libraryType);
+// The libraryType a file's extension names (".spec", ".fils", ".cols"), or -1.
+int libraryTypeOfFile(const std::string& path);
 
 enum class LibraryConversion {
     UNCHANGED,  // no file, or already in the current format

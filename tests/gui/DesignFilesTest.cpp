@@ -53,14 +53,6 @@ class DesignFiles : public MainWindow {
     void writeIni(const std::string& text) {
         std::ofstream(folder / "Lumivar.ini", std::ios::binary) << text;
     }
-    std::string boxes() {
-        std::string all;
-        for (const auto& s : script.shown) {
-            if (s.kind != UserDialogs::OPEN_FILE && s.kind != UserDialogs::SAVE_FILE)
-                all += s.title + ": " + s.text + "\n";
-        }
-        return all;
-    }
 };
 
 TEST_F(DesignFiles, AReopenedDesignGivesTheSameResultsToTheLastDigit) {

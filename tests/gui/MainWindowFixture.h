@@ -82,6 +82,15 @@ class MainWindow : public ::testing::Test {
         table->pasteText(text.c_str());
     }
     std::string result(const char* name) { return gui->getResultText(name).text(); }
+    // The boxes and forms shown so far, "title: text" a line; file dialogs are left out.
+    std::string boxes() const {
+        std::string all;
+        for (const auto& s : script.shown) {
+            if (s.kind != UserDialogs::OPEN_FILE && s.kind != UserDialogs::SAVE_FILE)
+                all += s.title + ": " + s.text + "\n";
+        }
+        return all;
+    }
 
     std::filesystem::path folder;
     UserDialogs::Script script;

@@ -21,14 +21,6 @@ enum Row { WHITE_4000 = 12 };
 
 class UserLibraries : public MainWindow {
   protected:
-    std::string boxes() {
-        std::string all;
-        for (const auto& s : script.shown) {
-            if (s.kind != UserDialogs::OPEN_FILE && s.kind != UserDialogs::SAVE_FILE)
-                all += s.title + ": " + s.text + "\n";
-        }
-        return all;
-    }
     void save(int libraryType) {
         gui->onCmdAddToUserSpec(
             nullptr, FXSEL(SEL_COMMAND, VantrelGUI::ID_SAVE_USER_DATA + libraryType), nullptr);
