@@ -223,6 +223,29 @@ TEST_F(DesignFiles, RowsAndChecksComeBackAfterARestart) {
     EXPECT_FALSE(gui->getLedCheck(GREEN)->getCheck());
 }
 
+TEST_F(DesignFiles, ClearEmptiesRowsAndTargetsButATableOnlyInDirectInput) {
+    chooseAnalysis(0);
+    setRow(BLUE, "460", "100", "", "77");
+    gui->getSettings().setDouble("opt_x_TF", 0.3);
+    gui->onCmdClearInputData(nullptr, 0, nullptr);
+    EXPECT_FALSE(gui->getLedCheck(BLUE)->getCheck());
+    EXPECT_EQ(gui->getLedField(BLUE, ROW_LUMENS)->getText(), "");
+    EXPECT_EQ(gui->getLedField(BLUE, ROW_LDOM)->getText(), "");
+    // Stored LPW values come back; the white LEDs have one.
+    EXPECT_EQ(gui->getLedField(BLUE, ROW_LPW)->getText(), "");
+    EXPECT_NE(gui->getLedField(WHITE_4000, ROW_LPW)->getText(), "");
+    EXPECT_EQ(gui->getSettings().getDouble("opt_x_TF"), 0.0);
+
+    // With direct input the same button clears only the table.
+    chooseAnalysis(1);
+    setRow(BLUE, "460", "100", "", "");
+    paste(RANGE_360_830_2NM, "360\t1\n362\t2\n");
+    ASSERT_NE(gui->getInputTable(RANGE_360_830_2NM)->getItemText(0, 1), "");
+    gui->onCmdClearInputData(nullptr, 0, nullptr);
+    EXPECT_EQ(gui->getInputTable(RANGE_360_830_2NM)->getItemText(0, 1), "");
+    EXPECT_TRUE(gui->getLedCheck(BLUE)->getCheck());
+}
+
 TEST_F(DesignFiles, ADamagedSettingsFileStartsWithDefaultsAndIsKeptAsBad) {
     close();
     const std::string damaged = std::string("\x00\x01\xff<main_width>9\n", 17);
