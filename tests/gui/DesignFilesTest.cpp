@@ -154,9 +154,10 @@ TEST_F(DesignFiles, EveryOptionChangedFromItsDefaultSurvivesQuitAndRestart) {
             case OptionKind::INT: {
                 const std::vector<int> offered = gui->getOfferedValues(def.tag);
                 const int d = defaults.getInt(id);
+                FXWindow* widget = gui->getOptionWidget(def.tag);
                 if (offered.empty()) {
                     s.setInt(id, d + 1);
-                } else if (offered.size() == 2 && offered[0] == 0 && offered[1] == 1) {
+                } else if (widget != nullptr && widget->isMemberOf(FXMETACLASS(FXMenuCheck))) {
                     setCheck(def.tag, d == 0);
                 } else {
                     setRadio(def.tag, offered[0] != d ? offered[0] : offered[1]);
