@@ -344,6 +344,8 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
             resetCIEZoomPending = true;
         }
     }
+    // Every plot option shows at once, not at the next Calculate.
+    repaintPlots();
     return 1;
 }
 

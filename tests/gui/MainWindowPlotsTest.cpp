@@ -138,3 +138,35 @@ TEST_F(MainWindowPlots, EachLedAloneIsAPointExceptOneWithoutVisibleLight) {
     // The white LED alone, then the mix; the IR LED has no chromaticity.
     EXPECT_EQ(gui->getCIEPlot()->getNumPoints(), 2);
 }
+
+TEST_F(MainWindowPlots, EveryCheckOfTheCIEPlotMenuRedrawsAtOnce) {
+    struct Toggle {
+        const char* tag;
+        int index;  // entry of an indexed option, or -1
+    };
+    // Each on a 1931 diagram of a 3000 K point, from its default.
+    const Toggle toggles[] = {{"showWavelengths", -1},      {"show2011ANSIbins", -1},
+                              {"show100KCCTLines", -1},     {"writePhotometryToCIE_Plot", -1},
+                              {"multiMacAdamArray", 4},     {"multiUpVpCircleArray", 3},
+                              {"multiANSIMacAdamArray", 0}, {"cieDiagramZoomed_Chk", -1}};
+    CIE_Plot* plot = gui->getCIEPlot();
+    ASSERT_NE(plot, nullptr);
+    const auto pixels = [plot] {
+        std::vector<FXColor> all;
+        FXImage* image = plot->getImage();
+        for (int y = 0; y < image->getHeight(); y += 2)
+            for (int x = 0; x < image->getWidth(); x += 2) all.push_back(plot->getPixel(x, y));
+        return all;
+    };
+    for (const Toggle& t : toggles) {
+        SCOPED_TRACE(t.tag);
+        auto* check =
+            static_cast<FXMenuCheck*>(gui->getOptionWidget(t.tag, t.index < 0 ? 1 : t.index));
+        ASSERT_NE(check, nullptr);
+        const std::vector<FXColor> before = pixels();
+        check->setCheck(!check->getCheck());
+        gui->onCmdOptionCheck(check, 0, nullptr);
+        guiTestApp()->repaint();  // the paint events the window asked for, no Calculate
+        EXPECT_NE(pixels(), before);
+    }
+}
