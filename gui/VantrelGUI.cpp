@@ -385,7 +385,7 @@ long VantrelGUI::onCmdOptionRadio(FXObject* sender, FXSelector, void*) {
     settings.setInt(tag, value);
     if (tag == "spectrumRange") {
         setSpectrumRange(value);
-    } else if (tag == "freeFormatInputUnitsIndex") {
+    } else if (tag == "freeFormatInputUnitsIndex" || tag == "colorsFiltersUnits") {
         setTableColumnTitles();
     } else if (tag == "inputWattsUnits") {
         setWattsColumnTitle();

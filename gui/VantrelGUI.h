@@ -373,6 +373,11 @@ class VantrelGUI : public FXMainWindow {
 
     // State read from the widgets on demand and kept between runs.
     int analysisType = 1;
+    int resultAnalysisType = -1;  // the type of the run whose results stand, -1 for none
+    // The analysis type the plots show: that of the results, else the chosen one.
+    int plottedType() const {
+        return resultsValid && resultAnalysisType >= 0 ? resultAnalysisType : analysisType;
+    }
     int spectrumRange = RANGE_360_830_2NM;
     bool resultsValid = false;
     CalculateOutcome lastOutcome;

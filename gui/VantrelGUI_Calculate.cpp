@@ -134,6 +134,7 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
     double filters[Vantrel::NUM_GRID_POINTS_IR];
     filterProduct(filterSpectra, filtersChecked, filters);
 
+    resultAnalysisType = analysisType;
     if (analysisType == 5 || analysisType == 8) {
         if (analysisType == 5) {
             plotFilterType();

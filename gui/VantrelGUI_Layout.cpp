@@ -176,9 +176,14 @@ void VantrelGUI::setTableColumnTitles() {
     const int units = std::clamp(settings.getInt("freeFormatInputUnitsIndex"), 0, 3);
     Table_zwk7* tables[NUM_SPECTRUM_RANGES + 1] = {displayTable};
     std::copy(std::begin(inputTables), std::end(inputTables), tables + 1);
+    // Filter and colour input take a transmission or reflectance, as a fraction or in percent.
+    const bool percent = settings.getInt("colorsFiltersUnits") == 1;
+    const char* column = SPECTRUM_TITLES[units];
+    if (analysisType == 4) column = percent ? "Transmission\n(%)" : "Transmission\n(0 - 1)";
+    if (analysisType == 7) column = percent ? "Reflectance\n(%)" : "Reflectance\n(0 - 1)";
     for (Table_zwk7* table : tables) {
         table->setColumnText(0, "Wavelength\n(nm)");
-        table->setColumnText(1, SPECTRUM_TITLES[units]);
+        table->setColumnText(1, table == displayTable ? SPECTRUM_TITLES[units] : column);
         if (table->getNumColumns() > 2) table->setColumnText(2, MATCHING_TITLES[units]);
     }
     if (inputUnitsCascade != nullptr) inputUnitsCascade->setText(UNITS_CASCADE_TITLES[units]);
@@ -204,6 +209,7 @@ void VantrelGUI::setAnalysisType(int type) {
     for (int t = 0; t < 9; ++t) analysisRadios[t]->setCheck(t == type);
     updateCalculateButton();
     setSpectrumTableVisibility();
+    setTableColumnTitles();
 }
 
 void VantrelGUI::setSpectrumRange(int range) {

@@ -33,7 +33,7 @@ CIE_PlotInput VantrelGUI::ciePlotInput() const {
     in.showWavelengthMarkers = settings.getBool("showWavelengths");
     in.show100KLines = settings.getBool("show100KCCTLines");
     const bool tenDegree = in.diagramType >= 3;
-    if (resultsValid && !isFilterOrColorType(analysisType)) {
+    if (resultsValid && !isFilterOrColorType(plottedType())) {
         const SpectrumResults& r = lastOutcome.results;
         const CiePoints points = ciePointsToPlot(r.x, r.y, r.x10, r.y10, this->points,
                                                  in.pureColorLines, savedXY, tenDegree);
@@ -100,10 +100,12 @@ void VantrelGUI::drawSpectrumPlot() {
     spectrumPlot = std::make_unique<SpectrumPlot>(this);
     SpectrumPlot& plot = *spectrumPlot;
     const int n = numGridPoints();
-    const bool filterOrColor = isFilterOrColorType(analysisType);
+    // The plot shows what the last run computed, whatever the radios say since.
+    const int type = plottedType();
+    const bool filterOrColor = isFilterOrColorType(type);
     const SpectraToPlot data =
         spectraToPlot(resultsValid ? mixedSpectrum : std::vector<double>(), matchingSpectrum, n,
-                      analysisType, settings.getInt("freeFormatInputUnitsIndex"));
+                      type, settings.getInt("freeFormatInputUnitsIndex"));
     plot.passData(n, data.main.data(), data.matching.empty() ? nullptr : data.matching.data());
     const double lastNm = 360.0 + 2.0 * (n - 1);
     if (spectrumMaxNm > spectrumMinNm + 1 && spectrumMinNm > 1) {
@@ -112,7 +114,7 @@ void VantrelGUI::drawSpectrumPlot() {
         plot.setPlotMinMax(360.0, lastNm);
     }
     SpectrumPlotOptions o;
-    o.analysisType = analysisType;
+    o.analysisType = type;
     o.hasMain = resultsValid && data.mainMax > 0;
     o.hasMatching = !data.matching.empty() && data.matchingMax > 0;
     o.showGridlines = settings.getBool("showSpectrumGridLines");
@@ -134,7 +136,7 @@ void VantrelGUI::drawSpectrumPlot() {
     o.filterColorName = mainCurveName.c_str();
     o.mainTitle = mainCurveName.c_str();
     o.colorPeakLines = settings.getBool("showSpectrumPlotColorLines");
-    o.drawPatch = settings.getBool("showColorPatchOnSpectrumPlot") && analysisType == 8;
+    o.drawPatch = settings.getBool("showColorPatchOnSpectrumPlot") && type == 8;
     o.matchingCurveType = std::clamp(settings.getInt("_matchingCurveType"), 0, 2);
     o.blackBackground = !settings.getBool("whiteBackgroundForAllPlots");
     FXDCWindow dc(spectrumPlotCanvas);

@@ -170,3 +170,22 @@ TEST_F(MainWindowPlots, EveryCheckOfTheCIEPlotMenuRedrawsAtOnce) {
         EXPECT_NE(pixels(), before);
     }
 }
+
+TEST_F(MainWindow, FilterAndColourInputTitleTheirColumnAndAnIlluminantStaysASpectrum) {
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_2NM);
+    chooseAnalysis(4);
+    EXPECT_EQ(table->getColumnText(1), "Transmission\n(0 - 1)");
+    auto* percent = static_cast<FXMenuRadio*>(gui->getOptionWidget("colorsFiltersUnits", 1));
+    gui->onCmdOptionRadio(percent, 0, nullptr);
+    EXPECT_EQ(table->getColumnText(1), "Transmission\n(%)");
+    chooseAnalysis(7);
+    EXPECT_EQ(table->getColumnText(1), "Reflectance\n(%)");
+    // An illuminant made while colour input is chosen is plotted as the light it is.
+    gui->runStandardIlluminant(6);  // D65
+    gui->redrawPlots(true);
+    EXPECT_EQ(gui->getAnalysisType(), 7);
+    ASSERT_NE(gui->getCIEPlot(), nullptr);
+    EXPECT_EQ(gui->getCIEPlot()->getNumPoints(), 1);
+    chooseAnalysis(1);
+    EXPECT_EQ(table->getColumnText(1), "Spectrum\n(W/nm)");
+}
