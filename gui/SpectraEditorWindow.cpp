@@ -118,26 +118,6 @@ int SpectraEditorWindow::singleSelection() {
     return -1;
 }
 
-bool SpectraEditorWindow::askText(const char* title, const char* label, std::string* value) {
-    FXDialogBox dialog(this, title, DECOR_TITLE | DECOR_BORDER | DECOR_CLOSE);
-    FXHorizontalFrame* row = new FXHorizontalFrame(&dialog, LAYOUT_FILL_X);
-    new FXLabel(row, label);
-    FXTextField* field = new FXTextField(row, 40, nullptr, 0, FRAME_SUNKEN | LAYOUT_FILL_X);
-    field->setText(value->c_str());
-    FXHorizontalFrame* buttons = new FXHorizontalFrame(&dialog, LAYOUT_FILL_X);
-    new FXButton(buttons, "OK", nullptr, &dialog, FXDialogBox::ID_ACCEPT,
-                 BUTTON_DEFAULT | BUTTON_INITIAL | BUTTON_NORMAL | LAYOUT_RIGHT);
-    new FXButton(buttons, "Cancel", nullptr, &dialog, FXDialogBox::ID_CANCEL,
-                 BUTTON_NORMAL | LAYOUT_RIGHT);
-    std::vector<std::string> fields{*value};
-    if (!UserDialogs::runForm(&dialog, &fields, [field] {
-            return std::vector<std::string>{field->getText().text()};
-        }))
-        return false;
-    *value = fields[0];
-    return true;
-}
-
 long SpectraEditorWindow::onCmdUp(FXObject*, FXSelector, void*) {
     fillList(editor.moveUp(selectedItems()));
     return 1;
@@ -159,7 +139,7 @@ long SpectraEditorWindow::onCmdRename(FXObject*, FXSelector, void*) {
     if (i < 0) return 1;
     std::string name = FXString(editor.entries()[i].name).trim().text();
     LibraryMessage message;
-    while (askText("Rename", "New name: ", &name)) {
+    while (UserDialogs::askText(this, "Rename", "New name: ", &name)) {
         if (!editor.rename(i, name, &message)) break;
         showMessage(this, message);
     }
@@ -172,7 +152,7 @@ long SpectraEditorWindow::onCmdChangeLPW(FXObject*, FXSelector, void*) {
     if (i < 0) return 1;
     std::string text = FXString().format("%.1lf", editor.entries()[i].lpw).text();
     LibraryMessage message;
-    while (askText("Change LPW", "LPW (may be left empty): ", &text)) {
+    while (UserDialogs::askText(this, "Change LPW", "LPW (may be left empty): ", &text)) {
         if (!editor.changeLPW(i, fieldValue(text, 0.0), &message)) break;
         showMessage(this, message);
     }
@@ -186,8 +166,8 @@ long SpectraEditorWindow::onCmdScale(FXObject*, FXSelector, void*) {
     // "Lumens 100", "Visible watts 0.5" or "Max intensity 1": the quantity, then its new value.
     std::string text = editor.libraryType() == LIBRARY_SPECTRA ? "Lumens 100" : "Max intensity 1";
     LibraryMessage message;
-    while (askText("Scale",
-                   "Scale to (Lumens, Visible watts or Max intensity, and a value): ", &text)) {
+    while (UserDialogs::askText(
+        this, "Scale", "Scale to (Lumens, Visible watts or Max intensity, and a value): ", &text)) {
         int by = -1;
         for (int k = 0; k < 3; ++k)
             if (text.rfind(SCALE_CHOICES[k], 0) == 0) by = k;

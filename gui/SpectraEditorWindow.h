@@ -56,8 +56,6 @@ class SpectraEditorWindow : public FXDialogBox {
     void fillList(const std::vector<int>& selected);
     // The one selected item, or -1 after the "Selection error" box.
     int singleSelection();
-    // A small form of one text field; false on Cancel.
-    bool askText(const char* title, const char* label, std::string* value);
 
     LibraryEditor editor;
     std::string libraryPath, exportFolder;

@@ -158,3 +158,23 @@ bool UserDialogs::chooseFiles(FXWindow* owner, const FXString& title, const FXSt
     delete[] names;
     return !paths->empty();
 }
+
+bool UserDialogs::askText(FXWindow* owner, const char* title, const char* label,
+                          std::string* value) {
+    FXDialogBox dialog(owner, title, DECOR_TITLE | DECOR_BORDER | DECOR_CLOSE);
+    FXHorizontalFrame* row = new FXHorizontalFrame(&dialog, LAYOUT_FILL_X);
+    new FXLabel(row, label);
+    FXTextField* field = new FXTextField(row, 40, nullptr, 0, FRAME_SUNKEN | LAYOUT_FILL_X);
+    field->setText(value->c_str());
+    FXHorizontalFrame* buttons = new FXHorizontalFrame(&dialog, LAYOUT_FILL_X);
+    new FXButton(buttons, "OK", nullptr, &dialog, FXDialogBox::ID_ACCEPT,
+                 BUTTON_DEFAULT | BUTTON_INITIAL | BUTTON_NORMAL | LAYOUT_RIGHT);
+    new FXButton(buttons, "Cancel", nullptr, &dialog, FXDialogBox::ID_CANCEL,
+                 BUTTON_NORMAL | LAYOUT_RIGHT);
+    std::vector<std::string> fields{*value};
+    if (!runForm(&dialog, &fields,
+                 [field] { return std::vector<std::string>{field->getText().text()}; }))
+        return false;
+    *value = fields[0];
+    return true;
+}

@@ -70,6 +70,9 @@ class UserDialogs {
     static bool runForm(FXDialogBox* dialog, std::vector<std::string>* fields,
                         const std::function<std::vector<std::string>()>& readFields);
 
+    // A form of one labelled text field starting with *value; false on Cancel.
+    static bool askText(FXWindow* owner, const char* title, const char* label, std::string* value);
+
   private:
     static FXuint showBox(FXWindow* owner, Kind kind, FXuint buttons, const char* title,
                           const char* format, va_list args);

@@ -101,6 +101,12 @@ class VantrelGUI : public FXMainWindow {
         ID_REPLACE_USER_DATA_LAST = ID_REPLACE_USER_DATA + 2,
         ID_EDIT_USER_DATA,  // by library type
         ID_EDIT_USER_DATA_LAST = ID_EDIT_USER_DATA + 2,
+        ID_OPEN_WEB_SITE,
+        ID_OPEN_USER_GUIDE,
+        ID_WRITE_COEFFICIENTS,
+        ID_WRITE_SPECTRUM_DATA,
+        ID_CLEAR_MATCHING_DATA,
+        ID_MATCHING_CURVE_TITLE,
         ID_IMPORT_SPECTROMETER,  // by file type: SpecWin ISD ... Mole ISD
         ID_IMPORT_SPECTROMETER_LAST = ID_IMPORT_SPECTROMETER + 6,
         ID_IMPORT_FILTER_COLOR_FILE,  // filters from ISD, from text; colours from ISD, from text
@@ -156,6 +162,12 @@ class VantrelGUI : public FXMainWindow {
     long onCmdImportUserSpec(FXObject*, FXSelector, void*);
     long onCmdReplaceUserSpec(FXObject*, FXSelector, void*);
     long onCmdEditUserSpec(FXObject*, FXSelector, void*);
+    long onCmdOpenWebSite(FXObject*, FXSelector, void*);
+    long onCmdOpenUserGuide(FXObject*, FXSelector, void*);
+    long onCmdWriteCoefficients(FXObject*, FXSelector, void*);
+    long onCmdWriteSpectrumData(FXObject*, FXSelector, void*);
+    long onCmdClearMatchingData(FXObject*, FXSelector, void*);
+    long onCmdMatchingCurveTitle(FXObject*, FXSelector, void*);
     // Imports of spectrometer and text files into the libraries.
     long onCmdOpenISDspecFile(FXObject*, FXSelector, void*);
     long onCmdOpenFilterColorFile(FXObject*, FXSelector, void*);
@@ -282,6 +294,8 @@ class VantrelGUI : public FXMainWindow {
     bool allocateAllFilterColors(int libraryType);
     void allocateLibraryRows(int libraryType, int numRowsToKeep);
     bool askEntryName(int libraryType, std::string* name, double* lpw);
+    // Opens a web page or document with the opener command; the "Open error" box on failure.
+    bool openWithDesktop(const std::string& target);
     std::string importedSpectrumName(const ProcessSpectrometerFiles& file, const std::string& title,
                                      int index) const;
     void fillFreeFormatTable(const std::vector<double>& nm, const std::vector<double>& values);

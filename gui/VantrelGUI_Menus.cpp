@@ -187,7 +187,7 @@ void VantrelGUI::buildMenus() {
 
     const std::string photometryXls = "photometry.xls";
     const MenuItemDef outputs[] = {
-        cmd("Write current spectrum data to a text file..."),
+        cmd("Write current spectrum data to a text file...", ID_WRITE_SPECTRUM_DATA),
         sep(),
         radio("Write x, y and Duv with 4 decimals", "numDecimalsFor_xyDuv_etc", 4),
         radio("Write x, y and Duv with 6 decimals", "numDecimalsFor_xyDuv_etc", 6),
@@ -220,10 +220,10 @@ void VantrelGUI::buildMenus() {
     const MenuItemDef matching[] = {
         check("Matching mode", "enableMatchingMenuItem"),
         check("Plot normalized data", "normalizeMatchingPlots"),
-        cmd("Clear matching spectrum data"),
+        cmd("Clear matching spectrum data", ID_CLEAR_MATCHING_DATA),
         cmd("Unknown"),
         check("Plot spectrum difference", "plotMatchDifferenceMenuItem"),
-        cmd("Enter title for matching curve...")};
+        cmd("Enter title for matching curve...", ID_MATCHING_CURVE_TITLE)};
     addMenu("Matching", matching, std::size(matching));
 
     std::vector<MenuItemDef> userSpectra = {
@@ -442,7 +442,8 @@ void VantrelGUI::buildMenus() {
         cmd(ValueFormat::format("Write the CES colors to a file (%s%s)", CES_COLORS_FILENAME,
                                 ".cols")),
         cmd(ValueFormat::format("Write the CES data to a file (%s)", CES_DATA_FILENAME)),
-        cmd("Write photometry coefficients to a file (8 files will be written)"),
+        cmd("Write photometry coefficients to a file (8 files will be written)",
+            ID_WRITE_COEFFICIENTS),
         cmd(ValueFormat::format("Write CIE horseshoe data to a file (%s)", HORSESHOE_FILE_NAME),
             ID_WRITE_HORSESHOE),
         cmd(ValueFormat::format("Write the predefined gamut points a file (%s)", GAMUT_FILE_NAME),
@@ -470,12 +471,12 @@ void VantrelGUI::buildMenus() {
     addMenu("Color Systems", colorSystems, std::size(colorSystems));
 
     const MenuItemDef help[] = {
-        cmd(ValueFormat::format("%s web site", APP_NAME)),
+        cmd(ValueFormat::format("%s web site", APP_NAME), ID_OPEN_WEB_SITE),
         cmd("Check the web site for updates now"),
         check("Check for updates at start-up every 7 days", "checkForUpdatesEvery7Days_Menu"),
         check("Check for updates at start-up every 30 days", "checkForUpdatesEvery30Days_Menu"),
         sep(),
-        cmd("Open pdf User Guide"),
+        cmd("Open pdf User Guide", ID_OPEN_USER_GUIDE),
         cmd("About...", ID_ABOUT)};
     addMenu("Help", help, std::size(help));
 }

@@ -135,6 +135,7 @@ void VantrelGUI::drawSpectrumPlot() {
     o.photometryCaption = photometry.cri.c_str();
     o.filterColorName = mainCurveName.c_str();
     o.mainTitle = mainCurveName.c_str();
+    o.matchingTitle = settings.getString("matchingCurveName").c_str();
     o.colorPeakLines = settings.getBool("showSpectrumPlotColorLines");
     o.drawPatch = settings.getBool("showColorPatchOnSpectrumPlot") && type == 8;
     o.matchingCurveType = std::clamp(settings.getInt("_matchingCurveType"), 0, 2);

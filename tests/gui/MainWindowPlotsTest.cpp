@@ -7,6 +7,8 @@
 
 #include "MainWindowFixture.h"
 
+namespace fs = std::filesystem;
+
 namespace {
 class MainWindowPlots : public MainWindow {
   protected:
@@ -188,4 +190,50 @@ TEST_F(MainWindow, FilterAndColourInputTitleTheirColumnAndAnIlluminantStaysASpec
     EXPECT_EQ(gui->getCIEPlot()->getNumPoints(), 1);
     chooseAnalysis(1);
     EXPECT_EQ(table->getColumnText(1), "Spectrum\n(W/nm)");
+}
+
+TEST_F(MainWindow, SmallCommandsOfTheMenusDoTheirWork) {
+    // The engine's coefficient files go to the working folder.
+    const fs::path before = fs::current_path();
+    fs::current_path(folder);
+    gui->onCmdWriteCoefficients(nullptr, 0, nullptr);
+    fs::current_path(before);
+    int written = 0;
+    for (const char* f : {"XYZ_coeff_1931_2deg.xls", "XYZ_coeff_1960_10deg.xls",
+                          "XYZ_coeff_2015_10deg.xls", "TCS_VS_coeff.xls", "CCT_coeff_1931.xls",
+                          "CCT_coeff_2015.xls", "daylight_coeff.xls", "Well_building_coeff.xls"})
+        written += fs::exists(folder / f) ? 1 : 0;
+    EXPECT_EQ(written, 8);
+
+    // The shown table as text.
+    paste(RANGE_360_830_2NM, "360\t1.5\n");
+    script.files = {(folder / "spectrum").string()};
+    gui->onCmdWriteSpectrumData(nullptr, 0, nullptr);
+    std::ifstream text(folder / "spectrum.txt");
+    std::string header, first;
+    std::getline(text, header);
+    std::getline(text, first);
+    EXPECT_EQ(header, "Wavelength (nm)\tSpectrum (W/nm)");
+    EXPECT_EQ(first, "360\t1.5");
+
+    // The matching title and data.
+    script.forms = {{"Target LED"}};
+    gui->onCmdMatchingCurveTitle(nullptr, 0, nullptr);
+    EXPECT_EQ(gui->getSettings().getString("matchingCurveName"), "Target LED");
+    auto* matching = static_cast<FXMenuCheck*>(gui->getOptionWidget("enableMatchingMenuItem"));
+    matching->setCheck(TRUE);
+    gui->onCmdOptionCheck(matching, 0, nullptr);
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_2NM);
+    table->setItemText(3, 2, "2.0");
+    gui->onCmdClearMatchingData(nullptr, 0, nullptr);
+    EXPECT_EQ(table->getItemText(3, 2), "");
+
+    // Help: a missing user guide says so; the web site goes to the opener.
+    script.shown.clear();
+    gui->onCmdOpenUserGuide(nullptr, 0, nullptr);
+    EXPECT_NE(boxes().find("File error: The User Guide"), std::string::npos) << boxes();
+    gui->getSettings().setString("openCommand", (folder / "no_opener").string());
+    script.shown.clear();
+    gui->onCmdOpenWebSite(nullptr, 0, nullptr);
+    EXPECT_NE(boxes().find("Open error:"), std::string::npos) << boxes();
 }
