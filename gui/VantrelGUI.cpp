@@ -230,6 +230,7 @@ void VantrelGUI::settingsToWidgets() {
     setShowLEDs();
     enableDisableLEDchecks();
     setTabColors();
+    set_umol_sW_tooltip();
 }
 
 void VantrelGUI::widgetsToSettings() {
@@ -343,6 +344,7 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
         if (binding.widget != sender) continue;
         setCheckOption(binding);
         if (binding.tag == "colorTabs") setTabColors();
+        if (binding.tag == "constrain_uMol_sW_to_400_700nm") set_umol_sW_tooltip();
         if (binding.tag == "enableMatchingMenuItem") {
             setupTable();
             clearOutput();

@@ -193,6 +193,8 @@ class VantrelGUI : public FXMainWindow {
     std::vector<int> getOfferedValues(const std::string& tag) const;
     // Text of a result field by its label ("Lumens", "x", ...), empty when it has none.
     FXString getResultText(const std::string& name) const;
+    // Tool tip of a result field by its label.
+    FXString getResultTip(const std::string& name) const;
     // Text of a result field by its number.
     FXString getResultText(int field) const;
     // Selects an analysis type or a spectrum range as the radios and menus do.
@@ -308,6 +310,7 @@ class VantrelGUI : public FXMainWindow {
     void layoutFieldsTab(FXTabBook* book, const char* title, const std::vector<int>& fields,
                          int columns, int labelWidth, int fieldWidth);
     void setTabColors();
+    void set_umol_sW_tooltip();
     FXMenuPane* addMenu(const char* title, const MenuItemDef* items, int count);
 
     // Start-up, settings and design files.

@@ -485,6 +485,12 @@ FXString VantrelGUI::getResultText(const std::string& name) const {
     return getResultText(outputFieldIndex(name));
 }
 
+FXString VantrelGUI::getResultTip(const std::string& name) const {
+    const int index = outputFieldIndex(name);
+    return index >= 0 && resultFields[index] != nullptr ? resultFields[index]->getTipText()
+                                                        : FXString();
+}
+
 FXString VantrelGUI::getResultText(int index) const {
     if (index < 0 || index >= NUM_OUTPUT_FIELDS) return FXString();
     if (resultFields[index] != nullptr) return resultFields[index]->getText();

@@ -61,6 +61,22 @@ void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int field
     resultFields[27]->setTipText("Distance to the black body locus in CIE 1960 u-v space.");
     resultFields[28]->setTipText("Distance to the black body locus in CIE 1976 u'-v' space.");
     resultFields[29]->setTipText("Photon flux per electrical watt (from the total LPW).");
+    set_umol_sW_tooltip();
+}
+
+void VantrelGUI::set_umol_sW_tooltip() {
+    // The photon figures follow "Limit umol/s and umol/J to 400 nm to 700 nm".
+    const bool par = settings.getBool("constrain_uMol_sW_to_400_700nm");
+    const FXString range =
+        par ? "400 - 700 nm" : FXString().format("%.0lf - %.0lf nm", FIRST_NM, LAST_NM);
+    const int flux = outputFieldIndex("umol/s"), perWatt = outputFieldIndex("umol/J (spec)");
+    if (flux >= 0 && resultFields[flux] != nullptr)
+        resultFields[flux]->setTipText(
+            "Photon flux in micromoles per second (calculated in the range of " + range + ").");
+    if (perWatt >= 0 && resultFields[perWatt] != nullptr)
+        resultFields[perWatt]->setTipText(
+            "Photon flux per visible watt in micromoles per joule (calculated in the range of " +
+            range + ").");
 }
 
 void VantrelGUI::layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {

@@ -237,3 +237,15 @@ TEST_F(MainWindow, SmallCommandsOfTheMenusDoTheirWork) {
     gui->onCmdOpenWebSite(nullptr, 0, nullptr);
     EXPECT_NE(boxes().find("Open error:"), std::string::npos) << boxes();
 }
+
+TEST_F(MainWindow, ThePhotonFluxTipFollowsThe400To700Limit) {
+    EXPECT_NE(std::string(gui->getResultTip("umol/s").text()).find("360 - 830 nm"),
+              std::string::npos);
+    auto* par = static_cast<FXMenuCheck*>(gui->getOptionWidget("constrain_uMol_sW_to_400_700nm"));
+    par->setCheck(TRUE);
+    gui->onCmdOptionCheck(par, 0, nullptr);
+    EXPECT_NE(std::string(gui->getResultTip("umol/s").text()).find("400 - 700 nm"),
+              std::string::npos);
+    EXPECT_NE(std::string(gui->getResultTip("umol/J (spec)").text()).find("400 - 700 nm"),
+              std::string::npos);
+}
