@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "AppConstants.h"
+#include "CalculateModel.h"
 #include "DesignCalc.h"
 #include "ReadSpectraFile.h"
 #include "ResultFields.h"
@@ -67,16 +68,23 @@ void printRow(std::ostream& out, const std::string& file, const std::vector<Resu
     out << '\n';
 }
 
-// Computes one spectrum on the grid and prints its row under the name row.
-void printResults(const std::string& row, const double* grid, int observer, double csLux,
-                  bool precise, std::ostream& out) {
+// Computes one spectrum on the grid and prints its row under the name row. A spectrum without
+// a chromaticity gets the window's error on err instead, and false.
+bool printResults(const std::string& row, const double* grid, int observer, double csLux,
+                  bool precise, std::ostream& out, std::ostream& err) {
     // A fresh calculator per spectrum: engines keep results between runs, and a row must not
     // depend on the spectra before it.
     SpectrumCalculator calculator;
     calculator.setObserver(observer);
     CalculationOptions options;
     options.csLux = csLux;
-    printRow(out, row, printedFields(calculator.calculate(grid, options)), precise);
+    const SpectrumResults results = calculator.calculate(grid, options);
+    if (!results.hasChromaticity) {
+        report(err, row, 0, noChromaticityMessage(results.overflow).text);
+        return false;
+    }
+    printRow(out, row, printedFields(results), precise);
+    return true;
 }
 
 // A row per entry of a user library, named "FILE#entry name"; the entries stand on the grid
@@ -85,16 +93,17 @@ bool calcLibrary(const std::string& file, int libraryType, int observer, double 
                  std::ostream& out, std::ostream& err) {
     std::vector<ledTypeStruct> entries;
     std::string error;
-    const bool whole = readUserLibrary(file, libraryType, &entries, &error);
+    const bool readWhole = readUserLibrary(file, libraryType, &entries, &error);
+    bool whole = readWhole;
     for (const ledTypeStruct& entry : entries) {
         const std::string row = file + "#" + entry.name;
         if (entry.isPrivate) {
             report(err, row, 0, "a private colour is not shown");
             continue;
         }
-        printResults(row, entry.spectrum, observer, csLux, precise, out);
+        if (!printResults(row, entry.spectrum, observer, csLux, precise, out, err)) whole = false;
     }
-    if (!whole) err << CLI_PROGRAM_NAME << ": " << error << '\n';
+    if (!readWhole) err << CLI_PROGRAM_NAME << ": " << error << '\n';
     return whole;
 }
 
@@ -135,7 +144,7 @@ bool calcFile(const std::string& file, int observer, double csLux, bool precise,
             report(err, file, read.firstNegativeLine, "negative values set to 0");
             warned = true;
         }
-        printResults(row, grid, observer, csLux, precise, out);
+        if (!printResults(row, grid, observer, csLux, precise, out, err)) clean = false;
     }
     return clean;
 }

@@ -45,6 +45,10 @@ void printDesignHeader(std::ostream& out) {
 bool calcDesign(const std::string& path, const std::string& folder, bool precise, std::ostream& out,
                 std::ostream& err) {
     CalculateModel model(folder);
+    for (const LedDefinitions::PeakFileProblem& p : model.definitions().getPeakFileProblems()) {
+        err << CLI_PROGRAM_NAME << ": " << model.definitions().getPeakFilePath() << ':' << p.line
+            << ": " << p.text << '\n';
+    }
     // The design's rows and filter checks refer to the user's libraries by position.
     std::vector<ledTypeStruct> spectra, filters;
     std::string error;

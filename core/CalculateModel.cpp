@@ -15,6 +15,9 @@ const char* const DOM_WL_ERROR = "Dominant wavelength error";
 constexpr double BIN_MIN = -1e-6;
 constexpr double BIN_MAX = 20.00001;
 constexpr double MIN_LPW = 1e-9;
+// Largest lumens or watts (in the field's unit) a row takes: a billion lumens is far beyond any
+// lamp, and the result fields stay numbers a user can read.
+constexpr double MAX_LUMENS_WATTS = 1e9;
 
 std::string trim(const std::string& text) {
     const auto first =
@@ -29,6 +32,16 @@ double visibleWatts(const ledTypeStruct& s, bool includeIR) {
 }
 
 double round4(double v) { return std::floor(v * 10000 + 0.5) / 10000; }
+
+// A lumens or watts text as the limits see it: a number too large for a double is infinite
+// rather than unreadable, so that it meets the upper limit; other unreadable text is 0.
+double rowAmount(const std::string& text) {
+    const std::string t = trim(text);
+    char* end = nullptr;
+    const double v = std::strtod(t.c_str(), &end);
+    if (t.empty() || end == t.c_str() || *end != '\0' || std::isnan(v)) return 0.0;
+    return v;
+}
 
 // Ends the check of row i with these boxes and red fields.
 void fail(MixRows& mix, int row, int fields, std::initializer_list<CalcMessage> messages) {
@@ -97,12 +110,20 @@ bool checkRow(int i, ledInputDataStruct& row, const ledTypeStruct& s, const MixS
     }
     // Both empty on a fixed spectrum falls through with the value 0.
     const bool byLumens = !noLumens;
-    const double value = fieldValue(byLumens ? row.lumens : row.watts);
+    const double value = rowAmount(byLumens ? row.lumens : row.watts);
     if (!(value >= 1e-99)) {
         const int fields = noLumens && noWatts ? ROW_LUMENS | ROW_WATTS
                            : byLumens          ? ROW_LUMENS
                                                : ROW_WATTS;
         fail(mix, i, fields, {{LUMENS_WATTS_ERROR, "You must specify a value greater than 0."}});
+        return false;
+    }
+    if (!(value <= MAX_LUMENS_WATTS)) {
+        AddCommas commas;
+        fail(mix, i, byLumens ? ROW_LUMENS : ROW_WATTS,
+             {{LUMENS_WATTS_ERROR,
+               ValueFormat::format("You must specify a value greater than 0 and less than %s.",
+                                   commas.getStr(MAX_LUMENS_WATTS, 0).c_str())}});
         return false;
     }
     mix.coefficients[i] =
@@ -141,6 +162,13 @@ bool checkRow(int i, ledInputDataStruct& row, const ledTypeStruct& s, const MixS
     return true;
 }
 }  // namespace
+
+CalcMessage noChromaticityMessage(bool overflow) {
+    if (overflow) return {"Spectrum error", "Your intensities are too large to be calculated."};
+    return {"Spectrum error",
+            ValueFormat::format("You must have some intensities greater than %.1le.",
+                                Vantrel::MIN_XYZ_SUM)};
+}
 
 bool isMatchingColumnValid(const std::vector<std::string>& column, bool zeroEmptyCells) {
     int empty = 0;
@@ -418,6 +446,11 @@ void CalculateModel::finish(CalculateOutcome& outcome, const MixSettings& settin
     options.limitUmolTo400_700 = settings.limitUmolTo400_700;
     options.ssiReference = settings.ssiReference;
     outcome.results = spectrumCalculator.calculate(mixed, options);
+    if (!outcome.results.hasChromaticity) {
+        outcome.rows.ok = false;
+        outcome.rows.messages.push_back(noChromaticityMessage(outcome.results.overflow));
+        return;
+    }
     outcome.fields = outputFieldValues(outcome.results, outcome.mix, format);
     outcome.ok = true;
 }

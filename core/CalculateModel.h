@@ -62,7 +62,7 @@ struct SpectrumPoint {
     double x = 0, y = 0, x10 = 0, y10 = 0;
 };
 
-// The whole result of a run.
+// The whole result of a run. When it is not ok, rows.messages holds the boxes to show.
 struct CalculateOutcome {
     bool ok = false;
     MixRows rows;
@@ -72,6 +72,9 @@ struct CalculateOutcome {
     MixResults mix;
     std::vector<ResultField> fields;  // NUM_OUTPUT_FIELDS
 };
+
+// The box of a spectrum too dark to have a chromaticity, or (overflow) too bright to be summed.
+CalcMessage noChromaticityMessage(bool overflow = false);
 
 // A matching column counts when no cell is empty (or empty cells count as 0) and not all are.
 bool isMatchingColumnValid(const std::vector<std::string>& column, bool zeroEmptyCells);

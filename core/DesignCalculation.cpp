@@ -118,6 +118,7 @@ DesignCalculation calculateDesign(const std::string& path, CalculateModel& model
         roundToTableText(spectrum.data(), n);
         result.outcome = model.calculateSpectrum(spectrum.data(), mix, format);
         result.ok = result.outcome.ok;
+        result.messages = result.outcome.rows.messages;
         return result;
     }
     return failure("Data error",

@@ -1,7 +1,9 @@
 #include "DirectInput.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 #include "NumberText.h"
 #include "TextToNumber.h"
@@ -159,6 +161,17 @@ DirectInputResult interpolateSpectrum(const InputRows& rows, const DirectInputOp
             result.outOfRange = true;
         }
         result.column.push_back(ValueFormat::format("%.*le", 3, v));
+        // Values so large that resampling, the units or the printed digits overflow are no
+        // spectrum: the row of the largest value is named, as for any number out of range.
+        if (!std::isfinite(std::strtod(result.column.back().c_str(), nullptr))) {
+            const int largest =
+                static_cast<int>(std::max_element(values.begin(), values.end()) - values.begin());
+            return failure("Data error",
+                           ValueFormat::format("Some of your data is out of range, check the data "
+                                               "in row #%d.",
+                                               filled.first + largest + 1),
+                           filled.first + largest, 1);
+        }
     }
     return result;
 }

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <initializer_list>
+#include <string>
 #include <utility>
 
 #include "AppConstants.h"
@@ -66,35 +68,88 @@ double pow4(double x) { return pow2(x) * pow2(x); }
 double pow5(double x) { return pow4(x) * x; }
 double pow6(double x) { return pow3(x) * pow3(x); }
 
-// Reads one line of at most PEAK_FILE_LINE_LENGTH characters; a longer line comes in pieces.
-bool readLine(std::FILE* f, char* line, int size) { return std::fgets(line, size, f) != nullptr; }
+// Largest magnitude of a number in the override file. The built-in models stay below 1.2e7
+// (the Red shift polynomial); a value beyond this, or not a number, would build a peak of
+// infinities or NaNs.
+constexpr double MAX_PEAK_FILE_VALUE = 1e15;
 
-// The block of one colour after its name line; false when a line is missing or a count is
-// outside 0 to MAX_PEAKS.
-bool readPeakBlock(std::FILE* f, LedDefinitions::PeakData* d) {
+// The override file read line by line, counting lines so that a problem can name its line.
+struct PeakFileReader {
+    std::FILE* f;
+    int lineNumber = 0;  // of the line last read
+    bool atLineStart = true;
+
+    // Reads one line of at most PEAK_FILE_LINE_LENGTH characters; a longer line comes in
+    // pieces, which all count as that line.
+    bool readLine(char* line, int size) {
+        if (std::fgets(line, size, f) == nullptr) return false;
+        if (atLineStart) ++lineNumber;
+        atLineStart = std::strchr(line, '\n') != nullptr;
+        return true;
+    }
+};
+
+// Why a colour's block was not used; empty reason: it was.
+struct BlockProblem {
+    int line = 0;
+    std::string reason;
+};
+
+bool usable(double v) { return std::isfinite(v) && std::fabs(v) <= MAX_PEAK_FILE_VALUE; }
+
+// Reads a line with `count` numbers in the given format; the reason is set when it fails.
+template <typename... T>
+bool readNumbers(PeakFileReader& in, BlockProblem* problem, const char* format, int count,
+                 T*... values) {
     char line[LedDefinitions::PEAK_FILE_LINE_LENGTH + 1];
-    if (!readLine(f, line, sizeof line) ||
-        std::sscanf(line, "%lf %lf", &d->defaultDominatePeakWavelength, &d->defaultBinShift) != 2)
+    if (!in.readLine(line, sizeof line)) {
+        problem->line = in.lineNumber;
+        problem->reason = "the file ends inside the definition";
         return false;
-    if (!readLine(f, line, sizeof line) ||
-        std::sscanf(line, "%d", &d->numPeakDominateCoefficients) != 1 ||
-        d->numPeakDominateCoefficients < 0 || d->numPeakDominateCoefficients > LED::MAX_PEAKS)
+    }
+    problem->line = in.lineNumber;
+    if (std::sscanf(line, format, values...) != count) {
+        problem->reason = "the line does not hold the numbers the definition needs";
+        return false;
+    }
+    bool finite = true;
+    (void)std::initializer_list<int>{
+        (finite = finite && usable(static_cast<double>(*values)), 0)...};
+    if (!finite) {
+        problem->reason = "a value is not a number or is too large";
+        return false;
+    }
+    return true;
+}
+
+// A count of coefficients or peaks: 0 to MAX_PEAKS.
+bool readCount(PeakFileReader& in, BlockProblem* problem, int* count) {
+    if (!readNumbers(in, problem, "%d", 1, count)) return false;
+    if (*count < 0 || *count > LED::MAX_PEAKS) {
+        problem->reason = "the count is outside 0 to " + std::to_string(LED::MAX_PEAKS);
+        return false;
+    }
+    return true;
+}
+
+// The block of one colour after its name line; false, with the problem, when a line is missing
+// or is not its numbers, a value is not finite or too large, or a count is outside 0 to
+// MAX_PEAKS.
+bool readPeakBlock(PeakFileReader& in, LedDefinitions::PeakData* d, BlockProblem* problem) {
+    if (!readNumbers(in, problem, "%lf %lf", 2, &d->defaultDominatePeakWavelength,
+                     &d->defaultBinShift) ||
+        !readCount(in, problem, &d->numPeakDominateCoefficients))
         return false;
     for (int j = 0; j < d->numPeakDominateCoefficients; ++j) {
-        if (!readLine(f, line, sizeof line) ||
-            std::sscanf(line, "%lf", &d->peakDominateCoefficients[j]) != 1)
-            return false;
+        if (!readNumbers(in, problem, "%lf", 1, &d->peakDominateCoefficients[j])) return false;
     }
-    if (!readLine(f, line, sizeof line) || std::sscanf(line, "%d", &d->numGaussianPeaks) != 1 ||
-        d->numGaussianPeaks < 0 || d->numGaussianPeaks > LED::MAX_PEAKS)
-        return false;
+    if (!readCount(in, problem, &d->numGaussianPeaks)) return false;
     for (int j = 0; j < d->numGaussianPeaks; ++j) {
-        if (!readLine(f, line, sizeof line) || std::sscanf(line, "%lf %lf %lf", &d->peakCenter[j],
-                                                           &d->peakFWHM[j], &d->peakHeight[j]) != 3)
+        if (!readNumbers(in, problem, "%lf %lf %lf", 3, &d->peakCenter[j], &d->peakFWHM[j],
+                         &d->peakHeight[j]))
             return false;
     }
-    return readLine(f, line, sizeof line) &&
-           std::sscanf(line, "%lf", &d->peakHeightScaleFactor) == 1;
+    return readNumbers(in, problem, "%lf", 1, &d->peakHeightScaleFactor);
 }
 
 // The record's name holds one character less than the synthesizer's.
@@ -160,24 +215,55 @@ void LedDefinitions::defineLEDsPeakData() {
 bool LedDefinitions::readLEDsPeakData(const std::string& path) {
     std::FILE* f = std::fopen(path.c_str(), "r");
     if (f == nullptr) return false;
+    PeakFileReader in{f};
     char line[PEAK_FILE_LINE_LENGTH + 1];
-    while (readLine(f, line, sizeof line)) {
+    while (in.readLine(line, sizeof line)) {
         for (int row = 0; row < numPureColors; ++row) {
             if (std::strncmp(line, ledNames[row].c_str(), ledNames[row].size()) != 0) continue;
             PeakData block = peakData[row];
             const long blockStart = std::ftell(f);
-            if (readPeakBlock(f, &block)) {
+            const int nameLine = in.lineNumber;
+            BlockProblem problem;
+            bool used = readPeakBlock(in, &block, &problem);
+            if (used && !buildsFinitePeaks(row, block)) {
+                used = false;
+                problem = {nameLine, "its peaks are not finite numbers"};
+            }
+            if (used) {
                 peakData[row] = block;
             } else {
+                peakFileProblems.push_back({problem.line, "the " + ledNames[row] +
+                                                              " definition from line " +
+                                                              std::to_string(nameLine) +
+                                                              " is not used: " + problem.reason});
                 // The lines of a broken block are read again as ordinary lines, so that the
                 // name of the next colour is not lost with it.
                 std::fseek(f, blockStart, SEEK_SET);
+                in.lineNumber = nameLine;
+                in.atLineStart = true;
             }
             break;
         }
     }
     std::fclose(f);
     return true;
+}
+
+bool LedDefinitions::buildsFinitePeaks(int row, const PeakData& block) {
+    // Built across its whole range of dominant wavelengths, the model must give numbers: large
+    // but finite values can still overflow in the shift polynomial or the heights.
+    const PeakData saved = peakData[row];
+    peakData[row] = block;
+    bool finite = true;
+    for (double lDom : {block.defaultDominatePeakWavelength, block.minDominatePeakWavelength,
+                        block.maxDominatePeakWavelength}) {
+        ledTypeStruct led{};
+        definePureColorLED(row, &led, lDom);
+        finite = finite && std::all_of(led.spectrum, led.spectrum + N_IR,
+                                       [](double v) { return std::isfinite(v); });
+    }
+    peakData[row] = saved;
+    return finite;
 }
 
 bool LedDefinitions::writeLEDsPeakData() const {
@@ -327,8 +413,8 @@ void LedDefinitions::defineFixedRow(int index, ledTypeStruct* out) const {
     out->wattsVis = row.wattsVis;
     // An IR LED is mixed by its power to 1050 nm: with only its visible watts it could never be
     // used with IR on. The other rows have no power there, and keep their visible watts.
-    out->wattsVisIR = row.hasIRpast830 ? Vantrel::getSpectralWatts(N_IR, out->spectrum, 2.0)
-                                       : row.wattsVis;
+    out->wattsVisIR =
+        row.hasIRpast830 ? Vantrel::getSpectralWatts(N_IR, out->spectrum, 2.0) : row.wattsVis;
     if (index == FIRST_FIXED_ROW) {
         out->lpw = row.lumens / 0.7;  // far red: 0.7 W electrical
     } else if (index >= FIRST_WHITE_LED) {

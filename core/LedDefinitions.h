@@ -6,6 +6,7 @@
 #define LUMIVAR_CORE_LEDDEFINITIONS_H
 
 #include <string>
+#include <vector>
 
 #include "LED.h"
 #include "LedTypes.h"
@@ -69,10 +70,18 @@ class LedDefinitions : public LED {
 
     // The built-in peak table.
     void defineLEDsPeakData();
+    // A definition of the override file that was not used: the line where it failed and why.
+    struct PeakFileProblem {
+        int line;
+        std::string text;
+    };
+
     // Overrides colours from the file at path; false when it cannot be opened. A block that
-    // ends early, holds a line that is not its numbers or lists more than MAX_PEAKS entries
-    // leaves its colour as it was.
+    // ends early, holds a line that is not its numbers, a value that is not a number or beyond
+    // 1e15, lists more than MAX_PEAKS entries or builds peaks that are not finite leaves its
+    // colour as it was, and is listed in getPeakFileProblems.
     bool readLEDsPeakData(const std::string& path);
+    const std::vector<PeakFileProblem>& getPeakFileProblems() const { return peakFileProblems; }
     // Writes the peak table in the override file's layout to the "_current" file in the
     // program folder; false when it cannot be written.
     bool writeLEDsPeakData() const;
@@ -86,11 +95,15 @@ class LedDefinitions : public LED {
 
   private:
     void defineFixedRow(int index, ledTypeStruct* out) const;
+    // Whether `block` as the model of `row` gives finite values at its default, lowest and
+    // highest dominant wavelengths.
+    bool buildsFinitePeaks(int row, const PeakData& block);
 
     std::string programDir;
     std::string ledNames[NUM_PURE_COLORS];
     int numPureColors = NUM_PURE_COLORS;
     PeakData peakData[NUM_PURE_COLORS] = {};
+    std::vector<PeakFileProblem> peakFileProblems;
 };
 
 #endif  // LUMIVAR_CORE_LEDDEFINITIONS_H

@@ -1,5 +1,6 @@
 #include "ResultFields.h"
 
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 
@@ -80,13 +81,29 @@ void SpectrumCalculator::photonSums(const double* spectrum, const CalculationOpt
     r.umolPerJouleSpec = watts > 0 ? r.umolPerSecond / watts : 0.0;
 }
 
+namespace {
+// X+Y+Z of the spectrum in the engine's observer.
+double sumXYZ(const Vantrel& engine, const double* spectrum) {
+    double X = 0, Y = 0, Z = 0, x = 0, y = 0;
+    engine.cie_XYZ(2, spectrum, nullptr, &X, &Y, &Z, &x, &y);
+    return X + Y + Z;
+}
+}  // namespace
+
 SpectrumResults SpectrumCalculator::calculate(const double* spectrum,
                                               const CalculationOptions& options) {
     SpectrumResults r;
     r.includeIR = options.includeIR;
+    for (const Vantrel* e : {&engine, &engine10}) {
+        const double sum = sumXYZ(*e, spectrum);
+        if (!Vantrel::hasChromaticity(sum, 0.0, 0.0)) r.hasChromaticity = false;
+        if (!std::isfinite(sum)) r.overflow = true;
+    }
     engine.calcAll(spectrum, false, true, true);
     r.lumens = engine.getLumens();
     r.wattsVis = engine.getWattsVis();
+    // Every further figure divides by the chromaticity or by the normalized spectrum.
+    if (!r.hasChromaticity) return r;
     r.cct = engine.getCCT();
     r.x = engine.getXcoord();
     r.y = engine.getYcoord();
@@ -148,10 +165,21 @@ SpectrumResults SpectrumCalculator::calculate(const double* spectrum,
 namespace {
 ResultField undefinedField(const std::string& name) { return {name, UNDEFINED_TERM, false, 0.0}; }
 
+// A value that rounds to zero in its text shows no minus sign: "-0.00" would suggest a
+// direction that the shown digits do not have.
+std::string withoutNegativeZero(const std::string& text) {
+    if (text.empty() || text[0] != '-') return text;
+    for (char c : text) {
+        if (c >= '1' && c <= '9') return text;
+        if (c == 'e' || c == 'E') break;  // the exponent of a zero mantissa does not count
+    }
+    return text.substr(1);
+}
+
 // A value that is not a finite number has no meaning to show.
 ResultField field(const std::string& name, double value, const std::string& text) {
     if (!std::isfinite(value)) return undefinedField(name);
-    return {name, text, true, value};
+    return {name, withoutNegativeZero(text), true, value};
 }
 
 ResultField valueField(const std::string& name, double value) {
@@ -365,9 +393,16 @@ void writeChromaticity(const SpectrumResults& r, const FieldFormat& format, Fiel
 
 void writeRendering(const SpectrumResults& r, FieldWriter& f) {
     f.set(F_CRI, criField("", r.R[0], r.cct));
+    // R1 to R15 belong to the same CIE 13.3 calculation as Ra: outside the CCT range where the
+    // engine gives Ra (its reference illuminants end at 25000 K) they have no value either.
+    const bool rDefined = f[F_CRI].defined;
     f.index(F_CQS, r.Q[0]);
     for (int k = 1; k < Vantrel::NUM_SAMPLES; ++k) {
-        f.index(F_R1 + k - 1, r.R[k]);
+        if (rDefined) {
+            f.index(F_R1 + k - 1, r.R[k]);
+        } else {
+            f.undefined(F_R1 + k - 1);
+        }
         f.index(F_Q1 + k - 1, r.Q[k]);
     }
     // TM-30: a refused run shows none of its (stale) tables.
@@ -385,7 +420,7 @@ void writeRendering(const SpectrumResults& r, FieldWriter& f) {
         }
     }
     // TLCI Qa is shown as trunc(Qa + 0.5); a negative Qa (no patch in gamut) has no value.
-    if (r.tlciQa >= 0) {
+    if (r.tlciQa >= 0 && r.tlciQa < INT_MAX) {
         f.set(F_TLCI_QA,
               field("", r.tlciQa, ValueFormat::format("%d", static_cast<int>(r.tlciQa + 0.5))));
         f.fixed(F_TLCI_D, r.tlciD, 1);

@@ -20,8 +20,13 @@ struct CalculationOptions {
 // Raw engine values of one spectrum by both engines, with the photon and power sums.
 struct SpectrumResults {
     bool includeIR = false;
-    double lumens = 0;                          // 1931 2° (or the chosen observer) engine
-    double wattsVis = 0;                        // W, 360 to 830 nm
+    // False for a spectrum too dark (X+Y+Z at or below Vantrel::MIN_XYZ_SUM) or too bright (not
+    // finite) for a chromaticity in either engine's observer. Only lumens and visible watts are
+    // then filled: such a spectrum is an error to the user, never a row of numbers.
+    bool hasChromaticity = true;
+    bool overflow = false;  // of those, the ones whose X+Y+Z is not a finite number
+    double lumens = 0;      // 1931 2° (or the chosen observer) engine
+    double wattsVis = 0;    // W, 360 to 830 nm
     double totalWatts = 0, extendedLumens = 0;  // 360 to 1050 nm; only with IR
     double cct = 0;
     double x = 0, y = 0, up = 0, vp = 0;

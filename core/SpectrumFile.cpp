@@ -1,5 +1,6 @@
 #include "SpectrumFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cmath>
@@ -268,6 +269,17 @@ SpectrumReadResult readSpectrumFile(const std::string& path) {
     }
 }
 
+namespace {
+// Whether the rows are the grid itself, 360 to 830 nm in 2 nm steps: the window's 2 nm table.
+bool standsOnGrid(const SpectrumData& data) {
+    if (data.wavelengths.size() != static_cast<std::size_t>(Vantrel::NUM_GRID_POINTS)) return false;
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
+        if (std::fabs(data.wavelengths[i] - (GRID_START + GRID_STEP * i)) > 1e-6) return false;
+    }
+    return true;
+}
+}  // namespace
+
 bool toGrid(const SpectrumData& data, double* grid, std::string* error) {
     auto fail = [error](const char* message) {
         if (error != nullptr) *error = message;
@@ -278,8 +290,13 @@ bool toGrid(const SpectrumData& data, double* grid, std::string* error) {
         return fail(SPECTRUM_RESAMPLING_MESSAGE);
     }
     if (const char* message = rangeError(data)) return fail(message);
-    if (!Vantrel::resampleSpectrum(static_cast<int>(n), data.wavelengths.data(), data.values.data(),
-                                   GRID_START, GRID_END, GRID_STEP, nullptr, grid)) {
+    if (standsOnGrid(data)) {
+        // Taken as it is, as the window's 2 nm table takes it: resampling would halve the first
+        // point and move the result away from what the window shows for the same numbers.
+        std::copy(data.values.begin(), data.values.end(), grid);
+    } else if (!Vantrel::resampleSpectrum(static_cast<int>(n), data.wavelengths.data(),
+                                          data.values.data(), GRID_START, GRID_END, GRID_STEP,
+                                          nullptr, grid)) {
         return fail(SPECTRUM_RESAMPLING_MESSAGE);
     }
     // The window shows the resampled spectrum in its table with 4 significant digits and

@@ -54,8 +54,9 @@ SpectrumReadResult readSpectrumFile(const std::string& path);
 SpectrumReadResult readSpectrum(std::istream& in);
 
 // Puts data onto the engine grid (Vantrel::NUM_GRID_POINTS values, 360 to 830 nm in 2 nm) the
-// way the main window's direct input does. False with *error set (when error is not null) if the
-// data cannot be resampled.
+// way the main window's direct input does: rows that are that grid are taken as they are, as the
+// 2 nm table takes them; any other grid is resampled, as the free-format table is. False with
+// *error set (when error is not null) if the data cannot be resampled.
 bool toGrid(const SpectrumData& data, double* grid, std::string* error);
 
 #endif  // LUMIVAR_CORE_SPECTRUMFILE_H

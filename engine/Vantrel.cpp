@@ -125,9 +125,14 @@ double Vantrel::sum3Products(const double* a, const double* b, const double* c) 
     return 0.5 * (a[0] * b[0] * c[0] + a[N - 1] * b[N - 1] * c[N - 1]) + dot3(a, b, c);
 }
 
+bool Vantrel::hasChromaticity(double X, double Y, double Z) {
+    const double sum = X + Y + Z;
+    return std::isfinite(sum) && sum > MIN_XYZ_SUM;
+}
+
 void Vantrel::get_xy_XYZ(double X, double Y, double Z, double* x, double* y) {
     const double sum = X + Y + Z;
-    if (sum > 1e-9) {
+    if (sum > MIN_XYZ_SUM) {
         *x = X / sum;
         *y = Y / sum;
     } else {

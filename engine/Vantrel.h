@@ -30,6 +30,8 @@ class Vantrel {
     static constexpr double NO_VALUE = -1.0;
     static constexpr double TM30_REFUSED = -100.0;
     static constexpr double R_VALUE_NAN = -400.0;
+    // At or below this X+Y+Z a spectrum has no chromaticity: get_xy_XYZ gives x = y = 0.
+    static constexpr double MIN_XYZ_SUM = 1e-9;
 
     // CCT search limits (K) and the mired bracket of the exact search.
     static constexpr double MIN_CCT = 1000.0;
@@ -66,6 +68,8 @@ class Vantrel {
     static double sum2Products(const double* a, const double* b);
     static double sum3Products(const double* a, const double* b, const double* c);
     static void get_xy_XYZ(double X, double Y, double Z, double* x, double* y);
+    // Whether X, Y, Z have a chromaticity: a finite X+Y+Z above MIN_XYZ_SUM.
+    static bool hasChromaticity(double X, double Y, double Z);
 
     void getXYZ(double* X, double* Y, double* Z) const;
     void getXYZ(int sample, double* X, double* Y, double* Z, int row, int qSet) const;

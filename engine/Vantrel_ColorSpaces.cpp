@@ -242,6 +242,11 @@ void Vantrel::HSVtoRGB(double h, double s, double v, double* r, double* g, doubl
         *r = *g = *b = v;
         return;
     }
+    // A hue without a number, or far outside 0 to 360, has no sector: grey of value v.
+    if (!(std::fabs(h) < 1e6)) {
+        *r = *g = *b = v;
+        return;
+    }
     const double hs = h / 60.0;
     const int sector = static_cast<int>(hs);
     const double f = hs - sector;

@@ -6,6 +6,7 @@
 //   COI   Cyanosis Observation Index (AS/NZS 1680.2.5:1997);
 //   film  exposures of the spectrum on a daylight and a 3200 K colour negative stock.
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <vector>
 
@@ -205,7 +206,13 @@ bool Vantrel::getSSIValues(const double* test, const double* reference, int* ssi
     convolute(weighted, kSsiBins, kSsiKernel, 3, smoothed);
     double sumSquares = 0;
     for (double v : smoothed) sumSquares += v * v;
-    *ssi = static_cast<int>(100.0 - kSsiScale * std::sqrt(sumSquares) + 0.5);
+    const double score = 100.0 - kSsiScale * std::sqrt(sumSquares) + 0.5;
+    // A spectrum whose bins overflow (or hold no number) has no score; the int is kept defined.
+    if (!(std::fabs(score) < INT_MAX)) {
+        *ssi = 0;
+        return false;
+    }
+    *ssi = static_cast<int>(score);
     return ok;
 }
 

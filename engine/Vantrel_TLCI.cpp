@@ -217,7 +217,8 @@ int Vantrel::getHueSector_TLCI_2012(double R, double G, double B, int* reference
     const double Cr = kCrScale * (R - Y);
     const double Cb = kCbScale * (B - Y);
     int hue = 0;
-    if (std::fabs(Cb) >= kCbTiny) {
+    // A colour without a number (a spectrum that overflowed) stays in the reference sector.
+    if (std::fabs(Cb) >= kCbTiny && std::isfinite(Cr)) {
         hue = static_cast<int>(kRadToDeg * std::atan(Cr / Cb));
         if (Cb < 0.0) hue += 180;
         if (Cb > 0.0 && Cr < 0.0) hue += 360;
@@ -444,8 +445,11 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
         // correction the test rendering needs.
         for (int k = 0; k < kSectors; ++k) {
             for (int c = 0; c < 3; ++c) {
-                int v = static_cast<int>(value[k][c]);
-                if (std::abs(v) > kSectorLimit) v = kSectorUnknown;
+                // Outside ±15 (or not a number) the sector is unknown; the test comes before
+                // the truncation to int so that it stays defined.
+                const double d = value[k][c];
+                const int v =
+                    std::fabs(d) < kSectorLimit + 1 ? static_cast<int>(d) : kSectorUnknown;
                 sectors[k][c] = unknown ? getUnknown_TLCI_2012() : -v;
             }
         }

@@ -189,6 +189,19 @@ void VantrelGUI::create() {
                            "An unknown error was encountered when reading in user spectrum #%d",
                            libraryReadFailure);
     }
+    showPeakFileProblems();
+}
+
+void VantrelGUI::showPeakFileProblems() {
+    const auto& problems = model->definitions().getPeakFileProblems();
+    if (problems.empty()) return;
+    FXString text;
+    for (const LedDefinitions::PeakFileProblem& p : problems) {
+        text += FXString().format("%s.txt, line %d: %s\n", COLOR_REFEF_FILENAME, p.line,
+                                  p.text.c_str());
+    }
+    text += "The built-in definitions are used for these colors.";
+    UserDialogs::error(this, "File error", "%s", text.text());
 }
 
 void VantrelGUI::setDefaults() {

@@ -371,6 +371,10 @@ class VantrelGUI : public FXMainWindow {
     void fillInMatchingCurveData();
     std::vector<double> readMatchingCurve(int numPoints) const;
     void showMixError(const MixRows& rows);
+    // The definitions of the colour LED override file that were not used, in one box.
+    void showPeakFileProblems();
+    // True when lastOutcome has results; otherwise its boxes are shown and the output cleared.
+    bool outcomeShown();
     void showOutcome();
     void clearOutput(bool andPlots = true);
     int numGridPoints() const;

@@ -268,7 +268,14 @@ bool VantrelGUI::calculateDirectInput() {
     mixedSpectrum = readSpectrumColumn(n);
     fillInMatchingCurveData();
     lastOutcome = model->calculateSpectrum(mixedSpectrum.data(), mixSettings(), fieldFormat());
-    return true;
+    return outcomeShown();
+}
+
+bool VantrelGUI::outcomeShown() {
+    if (lastOutcome.ok) return true;
+    showMixError(lastOutcome.rows);
+    clearOutput();
+    return false;
 }
 
 bool VantrelGUI::checkBlackBodyInputs(double* temperature, FXuint keyOrZero) {
@@ -314,7 +321,7 @@ bool VantrelGUI::calculateReference() {
     }
     mixedSpectrum = readSpectrumColumn(numPoints);
     lastOutcome = model->calculateSpectrum(mixedSpectrum.data(), mixSettings(), fieldFormat());
-    return true;
+    return outcomeShown();
 }
 
 void VantrelGUI::showMixError(const MixRows& rows) {

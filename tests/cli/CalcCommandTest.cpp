@@ -157,28 +157,44 @@ TEST_F(CalcCommand, ReadsStandardInputAloneOrAmongFiles) {
     EXPECT_EQ(split(r.out, '\n').at(2), row);
 }
 
-TEST_F(CalcCommand, PrintsZeroChromaticityAndNaForADarkSpectrum) {
-    const Outcome r = calc({"--precise", write("dark.txt", "360 0\n500 0\n830 0\n")});
-    EXPECT_EQ(r.status, EXIT_ALL_GOOD) << r.err;
-    const std::vector<std::string> cells = split(split(r.out, '\n').at(1), '\t');
-    double grid[Vantrel::NUM_GRID_POINTS] = {};
-    SpectrumCalculator calculator;
-    const std::vector<ResultField> all = outputFieldValues(calculator.calculate(grid));
-    std::vector<ResultField> fields;
-    for (int i = 0; i < NUM_OUTPUT_FIELDS; ++i) {
-        if (fieldHasMeaningForSpectrumFile(i)) fields.push_back(all[i]);
+// A flat spectrum on the grid, as a spectrometer file of that level would give it.
+std::string flatText(double level) {
+    std::string text;
+    char row[64];
+    for (int nm = 360; nm <= 830; nm += 2) {
+        std::snprintf(row, sizeof row, "%d %g\n", nm, level);
+        text += row;
     }
-    ASSERT_EQ(cells.size(), fields.size() + 1);
-    for (size_t i = 0; i < fields.size(); ++i) {
-        EXPECT_EQ(cells[i + 1] == UNDEFINED_TERM, !fields[i].defined) << fields[i].name;
+    return text;
+}
+
+TEST_F(CalcCommand, ASpectrumWithoutAChromaticityIsAnErrorNotARow) {
+    const std::string dark = "You must have some intensities greater than 1.0e-09.";
+    const std::string bright = "Your intensities are too large to be calculated.";
+    const struct {
+        const char* name;
+        std::string text;
+        std::string error;  // empty: a row of results
+    } cases[] = {
+        {"zero.txt", "360 0\n500 0\n830 0\n", dark},
+        {"flat1e-12.txt", flatText(1e-12), dark},  // X+Y+Z about 1.6e-10
+        {"flat1e-11.txt", flatText(1e-11), ""},    // X+Y+Z about 1.6e-9: still a colour
+        {"flat1e307.txt", flatText(1e307), bright},
+    };
+    for (const auto& c : cases) {
+        const std::string file = write(c.name, c.text);
+        const Outcome r = calc({"--precise", file});
+        const std::vector<std::string> lines = split(r.out, '\n');
+        if (c.error.empty()) {
+            EXPECT_EQ(r.status, EXIT_ALL_GOOD) << c.name << r.err;
+            ASSERT_EQ(lines.size(), 2u) << c.name;
+            EXPECT_THAT(lines[1], HasSubstr("\t0.3333")) << "x of equal energy";
+        } else {
+            EXPECT_EQ(r.status, EXIT_INPUT_PROBLEM) << c.name;
+            EXPECT_EQ(lines.size(), 1u) << c.name << ": the header only";
+            EXPECT_EQ(r.err, "lumivar-cli: " + file + ": " + c.error + "\n");
+        }
     }
-    EXPECT_EQ(cells[3], UNDEFINED_TERM) << "CCT";
-    const std::map<std::string, std::string> byName = [&] {
-        std::map<std::string, std::string> m;
-        for (size_t i = 0; i < fields.size(); ++i) m[fields[i].name] = cells[i + 1];
-        return m;
-    }();
-    EXPECT_EQ(byName.at("x") + " " + byName.at("y"), "0 0") << "x and y";
 }
 
 TEST_F(CalcCommand, AnswersUsageMistakesWithStatus2AndHelpWithStatus0) {

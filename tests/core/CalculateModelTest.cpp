@@ -2,6 +2,7 @@
 // blue-peak removal and the photon sums.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <string>
@@ -93,6 +94,40 @@ TEST(MixRowChecks, BlankFixedRowsTakeTheirRecordAndBadRowsStopTheRun) {
     EXPECT_EQ(mix.messages[0].text,
               "You must specify an LPW greater than 1.0e-09 for each selected spectra.");
     EXPECT_EQ(mix.errorFields, ROW_LPW);
+}
+
+TEST(MixRowChecks, LumensAndWattsStopAtABillion) {
+    const std::vector<ledTypeStruct> spectra = {fixedRecord(100, 1, 1)};
+    const std::string above =
+        "You must specify a value greater than 0 and less than 1,000,000,000.";
+    const struct {
+        const char* lumens;
+        const char* watts;
+        std::string text;  // empty: accepted
+        int fields;
+    } cases[] = {
+        {"1e9", "", "", 0},
+        {"", "1000000000", "", 0},
+        {"1.000001e9", "", above, ROW_LUMENS},
+        {"1e300", "", above, ROW_LUMENS},
+        {"", "1e300", above, ROW_WATTS},
+        {"1e999", "", above, ROW_LUMENS},  // beyond a double: still too large, not "0"
+        {"", "-1e999", "You must specify a value greater than 0.", ROW_WATTS},
+    };
+    for (const auto& c : cases) {
+        std::vector<ledInputDataStruct> rows = {row(c.lumens, c.watts)};
+        const MixRows mix = checkMixRows(rows, spectra, MixSettings());
+        if (c.text.empty()) {
+            EXPECT_TRUE(mix.ok) << c.lumens << c.watts;
+            continue;
+        }
+        EXPECT_FALSE(mix.ok) << c.lumens << c.watts;
+        ASSERT_EQ(mix.messages.size(), 1u) << c.lumens << c.watts;
+        EXPECT_EQ(mix.messages[0].title, "Lumens/watts error");
+        EXPECT_EQ(mix.messages[0].text, c.text);
+        EXPECT_EQ(mix.errorRow, 0);
+        EXPECT_EQ(mix.errorFields, c.fields);
+    }
 }
 
 TEST(MixRowChecks, BinningRunsNeedOneBinnedRowWithinTwentyUnits) {
@@ -214,6 +249,42 @@ TEST(CalculateModelRun, AMixOfCatalogueRowsGivesEveryField) {
     // The green row was rebuilt at 530 nm: its coefficient follows its new lumens.
     const ledTypeStruct& green = model.spectra()[3];
     EXPECT_DOUBLE_EQ(green.coefficient, 1000.0 / green.lumens);
+}
+
+TEST(CalculateModelRun, ASpectrumWithoutAChromaticityGivesTheSpectrumErrorAndNoFields) {
+    CalculateModel model;
+    const struct {
+        double level;
+        bool ok;
+        std::string text;
+    } cases[] = {
+        {0.0, false, "You must have some intensities greater than 1.0e-09."},
+        {1e-12, false, "You must have some intensities greater than 1.0e-09."},
+        {1e-11, true, ""},  // X+Y+Z about 1.6e-9 in both observers
+        {1e307, false, "Your intensities are too large to be calculated."},
+    };
+    for (const auto& c : cases) {
+        std::vector<double> spectrum(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+        std::fill(spectrum.begin(), spectrum.begin() + Vantrel::NUM_GRID_POINTS, c.level);
+        const CalculateOutcome outcome =
+            model.calculateSpectrum(spectrum.data(), MixSettings(), FieldFormat());
+        EXPECT_EQ(outcome.ok, c.ok) << c.level;
+        if (c.ok) {
+            EXPECT_EQ(outcome.fields[23].text, "0.3333") << "x of equal energy";
+            continue;
+        }
+        EXPECT_TRUE(outcome.fields.empty()) << c.level;
+        ASSERT_EQ(outcome.rows.messages.size(), 1u) << c.level;
+        EXPECT_EQ(outcome.rows.messages[0].title, "Spectrum error");
+        EXPECT_EQ(outcome.rows.messages[0].text, c.text);
+    }
+    // A mix can be as dark: a row of 1e-90 lumens passes the row checks but has no colour.
+    std::vector<ledInputDataStruct> rows(model.spectra().size());
+    rows[12] = row("1e-90", "");
+    const CalculateOutcome mix = model.calculateMix(rows, MixSettings(), nullptr, FieldFormat());
+    EXPECT_FALSE(mix.ok);
+    ASSERT_EQ(mix.rows.messages.size(), 1u);
+    EXPECT_EQ(mix.rows.messages[0].title, "Spectrum error");
 }
 
 TEST(Matching, AColumnCountsWhenFullOrWhenEmptyCellsAreZero) {

@@ -124,6 +124,31 @@ TEST(DirectInput, RefusesTablesItCannotUseWithTheWindowsTexts) {
     EXPECT_EQ(bad.message.badCol, 1);
 }
 
+TEST(DirectInput, ValuesThatOverflowOnTheGridNameTheirRow) {
+    const std::string text = "Some of your data is out of range, check the data in row #2.";
+    // Free format: the resampled cells around 1e306 overflow.
+    const DirectInputResult pasted = interpolateSpectrum(
+        {{"360", "1"}, {"526", "1e306"}, {"830", "1"}}, optionsFor(RANGE_FREE_FORMAT));
+    EXPECT_TRUE(pasted.error);
+    EXPECT_EQ(pasted.message.title, "Data error");
+    EXPECT_EQ(pasted.message.text, text);
+    EXPECT_EQ(pasted.message.badRow, 1);
+    EXPECT_EQ(pasted.message.badCol, 1);
+    EXPECT_TRUE(pasted.column.empty());
+
+    // On the 2 nm table nothing is resampled, but the printed 1.798e+308 reads back as infinity.
+    InputRows table = fixedTable(RANGE_360_830_2NM, "1");
+    table[1][1] = "1.7976e308";
+    const DirectInputResult typed = interpolateSpectrum(table, optionsFor(RANGE_360_830_2NM));
+    EXPECT_TRUE(typed.error);
+    EXPECT_EQ(typed.message.text, text);
+
+    // Milliwatts scale down, so the largest double is no overflow there.
+    DirectInputOptions milliwatts = optionsFor(RANGE_360_830_2NM);
+    milliwatts.unitsFactor = 0.001;
+    EXPECT_FALSE(interpolateSpectrum(table, milliwatts).error);
+}
+
 TEST(DirectInput, FiltersAndColorsAreForcedIntoRangeAndNegativesBecomeZero) {
     DirectInputOptions filter = optionsFor(RANGE_360_830_2NM);
     filter.analysisType = 4;

@@ -285,3 +285,40 @@ TEST(LedPeakFile, OverrideChangesOnlyItsColourAndBrokenBlocksChangeNothing) {
     }
     EXPECT_FALSE(leds.readLEDsPeakData(dir.path + "missing.txt"));
 }
+
+TEST(LedPeakFile, ValuesThatAreNoNumbersKeepTheBuiltInColourAndNameTheirLine) {
+    TempFolder dir;
+    std::ofstream(dir.path + "LumivarColorLEDdef.txt")
+        << "UV\n420.0 2.5\n0\n1\n0 13 nan\n1.0\n"            // lines 1-6, nan on 5
+           "Blue\ninf 2.5\n0\n1\n0 25 1.0\n0.8\n"            // lines 7-12, inf on 8
+           "Green\n530.0 2.5\n1\n1e308\n1\n0 36 0.6\n0.5\n"  // lines 13-19, 1e308 on 16
+           "Amber\n614.0 2.5\n0\n1\n0 26 1e16\n1.05\n"       // 20-25: 1e16 on 24 is too large
+           "Yellow\n590.0 2.5\n0\n1\n0 26 0.5\n1.0\n";       // 26-31: used
+    LedDefinitions leds(dir.path);
+    LedDefinitions defaults(NO_FOLDER);
+    for (int row : {0, 1, 3, 5}) {
+        const LedDefinitions::PeakData &a = *leds.getPeakData(row), &b = *defaults.getPeakData(row);
+        EXPECT_EQ(a.defaultDominatePeakWavelength, b.defaultDominatePeakWavelength) << row;
+        EXPECT_EQ(a.numGaussianPeaks, b.numGaussianPeaks) << row;
+        EXPECT_EQ(a.peakHeight[0], b.peakHeight[0]) << row;
+        ledTypeStruct s{};
+        leds.defineStdSpectra(row, &s, -1.0);
+        EXPECT_TRUE(std::all_of(s.spectrum, s.spectrum + N_IR, [](double v) {
+            return std::isfinite(v);
+        })) << row;
+        EXPECT_GT(s.lumens, 0.0) << row;
+    }
+    EXPECT_EQ(leds.getPeakData(4)->defaultDominatePeakWavelength, 590.0) << "Yellow is used";
+
+    const auto& problems = leds.getPeakFileProblems();
+    ASSERT_EQ(problems.size(), 4u);
+    const int lines[] = {5, 8, 16, 24};
+    const char* names[] = {"UV", "Blue", "Green", "Amber"};
+    for (int k = 0; k < 4; ++k) {
+        EXPECT_EQ(problems[k].line, lines[k]) << names[k];
+        EXPECT_NE(problems[k].text.find(std::string("the ") + names[k] + " definition"),
+                  std::string::npos)
+            << problems[k].text;
+    }
+    EXPECT_TRUE(defaults.getPeakFileProblems().empty());
+}

@@ -241,3 +241,52 @@ TEST(ResultFields, PhotometryStringsUseTheShownTextsAndTheDecimalMark) {
     r.cct = 5000.0;  // the daylight film, which has no response here
     EXPECT_EQ(photometryStrings(r, f, false).filmBlock, "\nBGR : N/A");
 }
+
+TEST(ResultFields, ValuesThatRoundToZeroShowNoMinusSign) {
+    SpectrumResults r = warmWhite();
+    for (int j = 0; j < Vantrel::TM30_NUM_BINS; ++j) r.hueShift[j] = -0.004;
+    r.hueShift[1] = -0.006;  // shows -0.01: a visible value keeps its sign
+    r.x10 = -0.00001;
+    r.tlciD = -0.04;
+    r.tlciQa = 90;
+    r.wbmr = -0.0004;
+    const std::vector<ResultField> f = outputFieldValues(r);
+    EXPECT_EQ(byName(f, "Rhs,h1").text, "0.00");
+    EXPECT_EQ(byName(f, "Rhs,h2").text, "-0.01");
+    EXPECT_EQ(byName(f, "x (F,10)").text, "0.0000");
+    EXPECT_EQ(byName(f, "TLCI d").text, "0.0");
+    EXPECT_EQ(byName(f, "WBMR").text, "0.000");
+    for (const ResultField& field : f) {
+        const bool negativeZero = field.text.rfind("-0", 0) == 0 &&
+                                  field.text.find_first_of("123456789") == std::string::npos;
+        EXPECT_FALSE(negativeZero) << field.name << " " << field.text;
+    }
+}
+
+TEST(ResultFields, RValuesShowNAWhereRaDoes) {
+    // Beyond 25000 K the engine gives no Ra; a black body at the top of the temperature range
+    // still has R1 to R15 of about 100, which must not stand beside an "N/A" Ra.
+    double spectrum[Vantrel::NUM_GRID_POINTS_IR] = {};
+    Vantrel::getBlackBody(spectrum, 950000.0, Vantrel::NUM_GRID_POINTS);
+    Vantrel::scaleSpectrum(spectrum, 1.0, Vantrel::NUM_GRID_POINTS);
+    SpectrumCalculator calculator;
+    const SpectrumResults hot = calculator.calculate(spectrum);
+    ASSERT_GT(hot.cct, 25000.0);
+    std::vector<ResultField> f = outputFieldValues(hot);
+    EXPECT_EQ(byName(f, "CRI (Ra)").text, "N/A");
+    for (int k = 1; k <= 15; ++k) {
+        const std::string name = "R" + std::to_string(k);
+        EXPECT_EQ(byName(f, name).text, "N/A") << name;
+        EXPECT_FALSE(byName(f, name).defined) << name;
+    }
+    EXPECT_NE(byName(f, "Q1").text, "N/A") << "CQS has its own range";
+
+    // At 25000 K both are shown.
+    SpectrumResults edge = warmWhite();
+    edge.cct = 25000.0;
+    edge.R[0] = 97.6;
+    edge.R[9] = 88.4;
+    f = outputFieldValues(edge);
+    EXPECT_EQ(byName(f, "CRI (Ra)").text, "98");
+    EXPECT_EQ(byName(f, "R9").text, "88");
+}

@@ -150,3 +150,29 @@ TEST(SpectrumGrid, RefusesDataThatCannotReachTheGrid) {
 }
 
 }  // namespace
+
+TEST(SpectrumGrid, TakesRowsOnTheGridAsTheyAre) {
+    // The 2 nm grid from 360 nm: copied as the window's 2 nm table copies it, so the first point
+    // is not halved as resampling would halve it.
+    SpectrumData onGrid;
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
+        onGrid.wavelengths.push_back(360.0 + 2.0 * i);
+        onGrid.values.push_back(1.0 + 0.001 * i);
+    }
+    double grid[Vantrel::NUM_GRID_POINTS];
+    ASSERT_TRUE(toGrid(onGrid, grid, nullptr));
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i)
+        EXPECT_DOUBLE_EQ(grid[i], 1.0 + 0.001 * i) << i;
+
+    // The same values one nanometre later are another grid: resampled, first point halved.
+    SpectrumData shifted = onGrid;
+    for (double& nm : shifted.wavelengths) nm += 1.0;
+    ASSERT_TRUE(toGrid(shifted, grid, nullptr));
+    EXPECT_NE(grid[1], 1.001);
+    // And a 2 nm grid that stops short of 830 nm is resampled too.
+    SpectrumData shorter = onGrid;
+    shorter.wavelengths.pop_back();
+    shorter.values.pop_back();
+    ASSERT_TRUE(toGrid(shorter, grid, nullptr));
+    EXPECT_DOUBLE_EQ(grid[0], 0.5);
+}

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -273,4 +274,14 @@ TEST(GetMonitorColors, UnderD65WhiteIsFullScaleAndGreyIsNeutral) {
     const double xyz[3] = {20, 21, 22}, d65White[3] = {95.04783169, 100, 108.8410967};
     monitor.getColor(xyz, d65White, rgb);
     EXPECT_EQ(*std::max_element(rgb, rgb + 3), 255);  // scaled by its own brightest channel
+}
+
+TEST(HSV, AHueWithoutANumberGivesTheGreyOfItsValue) {
+    for (double h : {std::nan(""), std::numeric_limits<double>::infinity(), 1e300}) {
+        double r = -1, g = -1, b = -1;
+        Vantrel::HSVtoRGB(h, 0.5, 0.7, &r, &g, &b);
+        EXPECT_EQ(r, 0.7) << h;
+        EXPECT_EQ(g, 0.7) << h;
+        EXPECT_EQ(b, 0.7) << h;
+    }
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -106,6 +107,19 @@ TEST(SpectralSimilarity, ScoresAFluorescentFarBelowItsPlanckianMatch) {
     int ssi = 0;
     ASSERT_TRUE(v.getSSIValues(loadIlluminant("cie_F2_5nm.txt").data(), planck(4200).data(), &ssi));
     EXPECT_LT(ssi, 80);
+}
+
+TEST(SpectralSimilarity, ASpectrumThatOverflowsHasNoScore) {
+    Vantrel v;
+    const Spectrum d65 = loadIlluminant("cie_D65_5nm.txt");
+    Spectrum hot = constant(1e307);  // the bin total overflows: every bin is inf / inf
+    Spectrum nan = d65;
+    nan[100] = std::numeric_limits<double>::quiet_NaN();
+    for (const Spectrum* test : {&hot, &nan}) {
+        int ssi = -7;
+        EXPECT_FALSE(v.getSSIValues(test->data(), d65.data(), &ssi));
+        EXPECT_EQ(ssi, 0);
+    }
 }
 
 // --- FCI -------------------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -272,6 +273,14 @@ TEST(TLCISectors, HueSectorIsCentredOnTheDisplayRed) {
             << c.r << " " << c.g << " " << c.b;
         EXPECT_EQ(reference, red);
     }
+}
+
+TEST(TLCISectors, AColourWithoutANumberFallsInTheGreySector) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    int reference = 103;
+    EXPECT_EQ(Vantrel::getHueSector_TLCI_2012(nan, 0.5, 0.5, &reference), 9);
+    EXPECT_EQ(Vantrel::getHueSector_TLCI_2012(0.5, 0.5, nan, &reference), 9);
+    EXPECT_EQ(reference, 103);
 }
 
 TEST(TLCISectors, HueNames) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -122,6 +123,28 @@ TEST(VantrelPhotometry, AllZeroSpectrumGivesZeroChromaticityWithoutCrashing) {
     EXPECT_EQ(v.getWattsVis(), 0.0);
     EXPECT_GE(v.getCCT(), Vantrel::MIN_CCT);
     EXPECT_LE(v.getCCT(), Vantrel::MAX_CCT);
+}
+
+TEST(VantrelPhotometry, AChromaticityNeedsAFiniteSumAboveTheThreshold) {
+    const double inf = std::numeric_limits<double>::infinity();
+    const struct {
+        double X, Y, Z;
+        bool has;
+    } cases[] = {{0, 0, 0, false},
+                 {3e-10, 3e-10, 4e-10, false},  // exactly 1e-9
+                 {3e-10, 3e-10, 5e-10, true},
+                 {1e308, 1e308, 1e308, false},
+                 {inf, 1, 1, false},
+                 {std::nan(""), 1, 1, false},
+                 {95.047, 100, 108.883, true}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Vantrel::hasChromaticity(c.X, c.Y, c.Z), c.has)
+            << c.X << " " << c.Y << " " << c.Z;
+        // Where there is none, get_xy_XYZ gives 0, 0 for a dark sum.
+        double x = -1, y = -1;
+        Vantrel::get_xy_XYZ(c.X, c.Y, c.Z, &x, &y);
+        if (c.has) EXPECT_NEAR(x + y, (c.X + c.Y) / (c.X + c.Y + c.Z), 1e-12);
+    }
 }
 
 TEST(VantrelReference, DaylightFrom5000KelvinUpTo25000Kelvin) {

@@ -2,6 +2,7 @@
 // the reference spectra, the standard illuminants and the result tabs.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -105,6 +106,14 @@ TEST_F(Calculate, RowRefusalsShowTheirBoxAndTurnTheirFieldsRed) {
          ROW_LDOM},
         {"530", "0", "", "Lumens/watts error: You must specify a value greater than 0.",
          ROW_LUMENS},
+        {"530", "1e300", "",
+         "Lumens/watts error: You must specify a value greater than 0 and less than "
+         "1,000,000,000.",
+         ROW_LUMENS},
+        {"530", "", "1e300",
+         "Lumens/watts error: You must specify a value greater than 0 and less than "
+         "1,000,000,000.",
+         ROW_WATTS},
     };
     for (const auto& c : cases) {
         script.shown.clear();
@@ -211,6 +220,22 @@ TEST_F(Calculate, ReferenceSpectraHoldOneWattAtTheirTemperature) {
     EXPECT_FALSE(gui->hasResults());
 }
 
+TEST_F(Calculate, TheHottestBlackBodyShowsNeitherRaNorRValues) {
+    // 950000 K lies beyond the 25000 K where the CRI ends: Ra and R1 to R15 alike show N/A.
+    chooseAnalysis(2);
+    gui->getBlackBodyField()->setText("950000");
+    calculate();
+    ASSERT_TRUE(script.shown.empty()) << box();
+    EXPECT_EQ(result("CRI (Ra)"), UNDEFINED_TERM);
+    for (int k = 1; k <= 15; ++k) {
+        EXPECT_EQ(result(("R" + std::to_string(k)).c_str()), UNDEFINED_TERM) << k;
+    }
+    gui->getBlackBodyField()->setText("3000");
+    calculate();
+    EXPECT_EQ(result("CRI (Ra)"), "100");
+    EXPECT_EQ(result("R9"), "100");
+}
+
 TEST_F(Calculate, TheWheelStepsTheTemperatureWithinItsRangeAndRecalculates) {
     chooseAnalysis(2);
     TextField_zwk7* field = gui->getBlackBodyField();
@@ -284,8 +309,10 @@ TEST_F(Calculate, ShiftClickChecksTheRowsBetweenAndIndividualRunsSaveEachPoint) 
         gui->getLedField(row, ROW_WATTS)->setText("");
     }
     gui->onCmdCalculateIndividual(nullptr, 0, nullptr);
-    ASSERT_TRUE(script.shown.empty()) << box();
-    EXPECT_EQ(gui->numSavedXY(), 5);
+    // One IR LED alone holds no visible light, so it has no chromaticity: it gives the spectrum
+    // error and no point; the other four rows are saved.
+    EXPECT_EQ(box(), "Spectrum error: You must have some intensities greater than 1.0e-09.");
+    EXPECT_EQ(gui->numSavedXY(), 4);
     EXPECT_TRUE(gui->getLedCheck(FAR_RED)->getCheck()) << "the checks come back";
 }
 
@@ -319,6 +346,66 @@ TEST_F(MainWindow, WindowAndCommandLineToolGiveTheSameTexts) {
     ASSERT_GT(row.size(), 130u);
     for (std::size_t i = 1; i < row.size(); ++i) {
         EXPECT_EQ(result(row[i].first.c_str()), row[i].second) << row[i].first;
+    }
+}
+
+// The 236 numbers of a 2 nm table in W/nm, one per line of "nm value".
+std::string gridTableText() {
+    std::string text;
+    char row[64];
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
+        const double nm = 360.0 + 2.0 * i;
+        // A warm white: a blue peak over a broad phosphor band, never quite dark.
+        const double v = 0.2 * std::exp(-0.5 * std::pow((nm - 450.0) / 10.0, 2)) +
+                         0.6 * std::exp(-0.5 * std::pow((nm - 600.0) / 60.0, 2)) + 0.001;
+        std::snprintf(row, sizeof row, "%.0f\t%.6g\n", nm, v);
+        text += row;
+    }
+    return text;
+}
+
+TEST_F(MainWindow, ASpectrumOnTheGridGivesTheSameTextsInTheTwoNanometreTableAndTheTool) {
+    const std::string text = gridTableText();
+    const std::string file = (folder / "grid.txt").string();
+    std::ofstream(file) << text;
+    chooseRange(RANGE_360_830_2NM);
+    std::istringstream lines(text);
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_2NM);
+    std::string nm, value;
+    for (int r = 0; lines >> nm >> value; ++r) table->setItemText(r, 1, value.c_str());
+    gui->onCmdOptionRadio(gui->getOptionWidget("inputWattsUnits", 1), 0, nullptr);
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_TRUE(script.shown.empty()) << boxes();
+    const auto row = cliRow("calc " + file);
+    ASSERT_GT(row.size(), 130u);
+    for (std::size_t i = 1; i < row.size(); ++i) {
+        EXPECT_EQ(result(row[i].first.c_str()), row[i].second) << row[i].first;
+    }
+}
+
+TEST_F(MainWindow, ASpectrumTooDarkForAColourIsASpectrumError) {
+    chooseRange(RANGE_FREE_FORMAT);
+    const struct {
+        const char* rows;
+        const char* box;
+    } cases[] = {
+        {"360\t1e-12\n600\t1e-12\n830\t1e-12\n",
+         "Spectrum error: You must have some intensities greater than 1.0e-09.\n"},
+        // Resampling around 1e306 overflows: the row is named instead of computing NaNs.
+        {"360\t1\n526\t1e306\n830\t1\n",
+         "Data error: Some of your data is out of range, check the data in row #2.\n"},
+        {"360\t1e-11\n600\t1e-11\n830\t1e-11\n", ""},  // dim, but still a colour
+    };
+    for (const auto& c : cases) {
+        script.shown.clear();
+        // Each case fills the same three rows.
+        paste(RANGE_FREE_FORMAT, c.rows);
+        gui->onCmdCalculate(nullptr, 0, nullptr);
+        EXPECT_EQ(boxes(), c.box) << c.rows;
+        EXPECT_EQ(gui->hasResults(), std::string(c.box).empty()) << c.rows;
+        if (!std::string(c.box).empty()) {
+            EXPECT_EQ(result("x"), "") << "no numbers";
+        }
     }
 }
 
@@ -372,4 +459,16 @@ TEST_F(Calculate, AGaussianPeakIsTypedIntoTheTableAndCalculated) {
     // At the centre, 550 nm: 1e-6 / (sigma sqrt(2 pi)) with the sigma of a 20 nm FWHM in metres.
     EXPECT_EQ(std::string(gui->getInputTable(RANGE_360_830_2NM)->getItemText(95, 1).text()),
               "4.697e+01");
+}
+
+TEST_F(MainWindow, ColourDefinitionsThatAreNoNumbersAreNamedAtStart) {
+    close();
+    std::ofstream(folder / "LumivarColorLEDdef.txt") << "Blue\nnan 2.5\n0\n0\n0.8\n";
+    script.shown.clear();
+    open();
+    EXPECT_EQ(boxes(),
+              "File error: LumivarColorLEDdef.txt, line 2: the Blue definition from line 1 is not "
+              "used: a value is not a number or is too large\nThe built-in definitions are used "
+              "for these colors.\n");
+    EXPECT_EQ(gui->getModel().definitions().getPeakData(1)->defaultDominatePeakWavelength, 455.0);
 }
