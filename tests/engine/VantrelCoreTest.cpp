@@ -143,7 +143,9 @@ TEST(VantrelPhotometry, AChromaticityNeedsAFiniteSumAboveTheThreshold) {
         // Where there is none, get_xy_XYZ gives 0, 0 for a dark sum.
         double x = -1, y = -1;
         Vantrel::get_xy_XYZ(c.X, c.Y, c.Z, &x, &y);
-        if (c.has) EXPECT_NEAR(x + y, (c.X + c.Y) / (c.X + c.Y + c.Z), 1e-12);
+        if (c.has) {
+            EXPECT_NEAR(x + y, (c.X + c.Y) / (c.X + c.Y + c.Z), 1e-12);
+        }
     }
 }
 
