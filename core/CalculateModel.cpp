@@ -445,6 +445,8 @@ void CalculateModel::finish(CalculateOutcome& outcome, const MixSettings& settin
     options.includeIR = settings.includeIR;
     options.limitUmolTo400_700 = settings.limitUmolTo400_700;
     options.ssiReference = settings.ssiReference;
+    if (settings.ssiUserReference.size() >= static_cast<std::size_t>(Vantrel::NUM_GRID_POINTS))
+        options.ssiUserReference = settings.ssiUserReference.data();
     outcome.results = spectrumCalculator.calculate(mixed, options);
     if (!outcome.results.hasChromaticity) {
         outcome.rows.ok = false;

@@ -38,7 +38,8 @@ struct MixSettings {
     bool monteCarlo = false;             // binning run: the bin fields are read
     bool limitUmolTo400_700 = false;
     bool subtractBluePeak = false;
-    int ssiReference = 0;
+    int ssiReference = 0;                  // 0 black body, 1 daylight, 2 ssiUserReference
+    std::vector<double> ssiUserReference;  // with 2: the reference on the grid (empty: none)
     // The matching curve on the grid in W/nm (empty: none); the "RMS" field compares the
     // result with it, unless the blue peak is subtracted.
     std::vector<double> matching;

@@ -27,7 +27,7 @@ MixSettings mixSettingsFromOptions(const ProgramSettings& settings, int analysis
     s.defaultSpecUnits = settings.getInt("defaultSpecUnits");
     s.limitUmolTo400_700 = settings.getBool("constrain_uMol_sW_to_400_700nm");
     s.subtractBluePeak = settings.getBool("removeBluePeakChk");
-    s.ssiReference = settings.getInt("_referenceSpectrumForSSI") == 1 ? 1 : 0;
+    s.ssiReference = std::clamp(settings.getInt("_referenceSpectrumForSSI"), 0, 2);
     return s;
 }
 

@@ -1,5 +1,6 @@
 #include "ResultFields.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstdlib>
@@ -11,8 +12,9 @@ SpectrumCalculator::SpectrumCalculator() { engine10.setCIE_XYZ_bar_type(3); }
 
 // Gamut, FCI, COI, Class A, FSI, melanopic figures, film terms and SSI of the first engine, in
 // the order the window computes them after calcAll.
-void SpectrumCalculator::otherIndices(const double* spectrum, int ssiReference,
+void SpectrumCalculator::otherIndices(const double* spectrum, const CalculationOptions& options,
                                       SpectrumResults& r) {
+    const int ssiReference = options.ssiReference;
     const int test = engine.getIndexOfTestColors(), ref = engine.getIndexOfReferenceColors();
     const int rows[2] = {test, ref};
     for (int k = 0; k < 2; ++k) {
@@ -47,6 +49,13 @@ void SpectrumCalculator::otherIndices(const double* spectrum, int ssiReference,
     if (ssiReference == 1) {
         if (r.cct >= 4000.0 && r.cct <= 25000.0) {
             engine.getSyntheticDaylight(reference, r.cct);
+            r.ssiDefined = true;
+        }
+    } else if (ssiReference == 2) {
+        // The user's own reference, whatever the source's CCT; without one there is no SSI.
+        if (options.ssiUserReference != nullptr) {
+            std::copy(options.ssiUserReference, options.ssiUserReference + Vantrel::NUM_GRID_POINTS,
+                      reference);
             r.ssiDefined = true;
         }
     } else if (r.cct >= Vantrel::MIN_CCT && r.cct <= Vantrel::MAX_CCT) {
@@ -143,7 +152,7 @@ SpectrumResults SpectrumCalculator::calculate(const double* spectrum,
     engine.getTM30RfByHue(r.RfByHue);
     engine.getTM30HueShifts(r.hueShift);
     engine.getTM30ChromaShiftsAsPercent(r.chromaShiftPct);
-    otherIndices(spectrum, options.ssiReference, r);
+    otherIndices(spectrum, options, r);
     photonSums(spectrum, options, r);
     if (options.csLux > 0) {
         r.hasCircadian = true;

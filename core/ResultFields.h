@@ -13,8 +13,9 @@
 struct CalculationOptions {
     bool includeIR = false;           // the spectrum holds 346 points to 1050 nm
     bool limitUmolTo400_700 = false;  // photon flux and umol/J (spec) over 400 to 700 nm only
-    int ssiReference = 0;             // 0 black body, 1 daylight at the CCT
-    double csLux = -1.0;              // > 0: circadian light and stimulus at this illuminance
+    int ssiReference = 0;             // 0 black body, 1 daylight at the CCT, 2 the user's
+    const double* ssiUserReference = nullptr;  // with 2: the reference on the grid, or none
+    double csLux = -1.0;  // > 0: circadian light and stimulus at this illuminance
 };
 
 // Raw engine values of one spectrum by both engines, with the photon and power sums.
@@ -108,7 +109,8 @@ class SpectrumCalculator {
     const Vantrel& firstEngine() const { return engine; }
 
   private:
-    void otherIndices(const double* spectrum, int ssiReference, SpectrumResults& r);
+    void otherIndices(const double* spectrum, const CalculationOptions& options,
+                      SpectrumResults& r);
     void photonSums(const double* spectrum, const CalculationOptions& options,
                     SpectrumResults& r) const;
 

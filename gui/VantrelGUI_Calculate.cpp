@@ -52,6 +52,8 @@ MixSettings VantrelGUI::mixSettings(bool fromButton) const {
         fromButton && analysisType == 0 && binningChk->isEnabled() && binningChk->getCheck();
     s.matching =
         readMatchingCurve(s.includeIR ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS);
+    // The user's SSI reference is the curve of the matching column.
+    if (s.ssiReference == 2) s.ssiUserReference = s.matching;
     return s;
 }
 
@@ -169,6 +171,12 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
         matchingSpectrum = mixSettings().matching;
         matchingValid = !matchingSpectrum.empty();
         showOutcome();
+        if (settings.getInt("_referenceSpectrumForSSI") == 2 && !matchingValid) {
+            UserDialogs::error(this, "Spectrum error",
+                               "You must first calculate a spectrum and enter it as the matching "
+                               "curve to use it as the %s reference.",
+                               SSI_TITLE);
+        }
     }
     repaintPlots();
     getApp()->endWaitCursor();

@@ -211,9 +211,12 @@ void VantrelGUI::buildMenus() {
         radio("Gamut based on 1976 (u'v') diagram", "gamutType", 0),
         radio("Gamut based on 1960 (uv) diagram", "gamutType", 1),
         sep(),
-        cmd(ValueFormat::format("Use a blackbody spectrum reference for the %s", SSI_TITLE)),
-        cmd(ValueFormat::format("Use a daylight spectrum reference for the %s", SSI_TITLE)),
-        cmd(ValueFormat::format("Use a user spectrum reference for the %s", SSI_TITLE)),
+        radio(ValueFormat::format("Use a blackbody spectrum reference for the %s", SSI_TITLE),
+              "_referenceSpectrumForSSI", 0),
+        radio(ValueFormat::format("Use a daylight spectrum reference for the %s", SSI_TITLE),
+              "_referenceSpectrumForSSI", 1),
+        radio(ValueFormat::format("Use a user spectrum reference for the %s", SSI_TITLE),
+              "_referenceSpectrumForSSI", 2),
         check("Limit umol/s and umol/J to 400 nm to 700 nm", "constrain_uMol_sW_to_400_700nm")};
     addMenu("Outputs", outputs, std::size(outputs));
 

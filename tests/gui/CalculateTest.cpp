@@ -472,3 +472,26 @@ TEST_F(MainWindow, ColourDefinitionsThatAreNoNumbersAreNamedAtStart) {
               "for these colors.\n");
     EXPECT_EQ(gui->getModel().definitions().getPeakData(1)->defaultDominatePeakWavelength, 455.0);
 }
+
+TEST_F(MainWindow, TheSsiReferenceCanBeTheUsersOwnSpectrum) {
+    auto* user = static_cast<FXMenuRadio*>(gui->getOptionWidget("_referenceSpectrumForSSI", 2));
+    ASSERT_NE(user, nullptr);
+    gui->onCmdOptionRadio(user, 0, nullptr);
+    // Without a matching curve there is nothing to compare with.
+    chooseAnalysis(1);
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_2NM);
+    for (int r = 0; r < table->getNumRows(); ++r) table->setItemText(r, 1, "1.000e-03");
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_EQ(script.shown.size(), 1u);
+    EXPECT_EQ(script.shown[0].title, "Spectrum error");
+    EXPECT_EQ(result("SSI"), "N/A");
+    // The same spectrum as its own reference scores 100.
+    auto* matching = static_cast<FXMenuCheck*>(gui->getOptionWidget("enableMatchingMenuItem"));
+    matching->setCheck(TRUE);
+    gui->onCmdOptionCheck(matching, 0, nullptr);
+    for (int r = 0; r < table->getNumRows(); ++r) table->setItemText(r, 2, "2.000e-03");
+    script.shown.clear();
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    EXPECT_TRUE(script.shown.empty());
+    EXPECT_EQ(result("SSI"), "100");
+}
