@@ -432,6 +432,7 @@ void CalculateModel::finish(CalculateOutcome& outcome, const MixSettings& settin
         std::vector<double> phosphor(Vantrel::NUM_GRID_POINTS_IR, 0.0);
         outcome.mix.bluePeakRemoved =
             removeBluePeak(mixed, numPoints, phosphor.data(), &outcome.mix.phosphorWatts);
+        if (outcome.mix.bluePeakRemoved) outcome.mix.phosphorSpectrum = std::move(phosphor);
     }
     const int n = std::min(numPoints, static_cast<int>(settings.matching.size()));
     if (n > 0 && !settings.subtractBluePeak &&

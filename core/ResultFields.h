@@ -73,7 +73,8 @@ struct MixResults {
     double lpw = 0, electricalWatts = 0;
     bool bluePeakRun = false;  // "Subtract blue peak" was on
     bool bluePeakRemoved = false;
-    double phosphorWatts = 0;  // W, after the blue peak was taken away
+    double phosphorWatts = 0;              // W, after the blue peak was taken away
+    std::vector<double> phosphorSpectrum;  // W/nm on the grid without the blue peak, when removed
     bool rmsValid = false;
     double rms = 0;
     bool binningOn = false;

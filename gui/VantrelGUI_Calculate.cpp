@@ -169,6 +169,17 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
     }
     if (ok) {
         matchingSpectrum = mixSettings().matching;
+        // Without its blue peak the spectrum stands in the third column and as the second curve.
+        if (lastOutcome.mix.bluePeakRemoved) {
+            matchingSpectrum = lastOutcome.mix.phosphorSpectrum;
+            if (displayTable->getNumColumns() >= 3) {
+                for (int i = 0; i < displayTable->getNumRows() &&
+                                i < static_cast<int>(matchingSpectrum.size());
+                     ++i)
+                    displayTable->setItemText(i, 2,
+                                              FXString().format("%.*le", 3, matchingSpectrum[i]));
+            }
+        }
         matchingValid = !matchingSpectrum.empty();
         showOutcome();
         if (settings.getInt("_referenceSpectrumForSSI") == 2 && !matchingValid) {

@@ -135,7 +135,9 @@ void VantrelGUI::buildPlotSide(FXComposite* parent) {
 
 void VantrelGUI::setupTable() {
     // A third column holds the matching curve; the other columns keep their cells.
-    const int columns = settings.getBool("enableMatchingMenuItem") ? 3 : 2;
+    // With "Subtract blue peak" it shows the spectrum without its blue peak.
+    const bool bluePeak = bluePeakChk != nullptr && bluePeakChk->getCheck();
+    const int columns = settings.getBool("enableMatchingMenuItem") || bluePeak ? 3 : 2;
     Table_zwk7* tables[NUM_SPECTRUM_RANGES + 1] = {displayTable};
     std::copy(std::begin(inputTables), std::end(inputTables), tables + 1);
     for (Table_zwk7* table : tables) {
@@ -261,6 +263,7 @@ long VantrelGUI::onCmdIRChk(FXObject*, FXSelector, void*) {
 }
 
 long VantrelGUI::onCmdBluePeakChk(FXObject*, FXSelector, void*) {
+    setupTable();
     clearOutput();
     return 1;
 }

@@ -193,6 +193,15 @@ TEST_F(Calculate, SubtractingTheBluePeakSplitsTheWatts) {
     EXPECT_GT(phosphor, blue) << "a white LED is mostly phosphor";
     EXPECT_NEAR(blue + phosphor, std::stod(result("Vis watt")), 0.02 * phosphor);
     EXPECT_EQ(gui->getMainCurveName(), BLUE_PEAK_CURVE_NAME);
+    // The spectrum without its blue peak stands in the third column, under "Matching".
+    Table_zwk7* table = gui->getDisplayTable();
+    ASSERT_EQ(table->getNumColumns(), 3);
+    EXPECT_EQ(table->getColumnText(2), "Matching\n(W/nm)");
+    const int at450 = (450 - 360) / 2, at600 = (600 - 360) / 2;
+    EXPECT_LT(table->toDouble(at450, 2), 0.5 * table->toDouble(at450, 1)) << "the peak is gone";
+    EXPECT_NEAR(table->toDouble(at600, 2), table->toDouble(at600, 1),
+                0.01 * table->toDouble(at600, 1))
+        << "the phosphor stays";
 }
 
 TEST_F(Calculate, ReferenceSpectraHoldOneWattAtTheirTemperature) {
