@@ -390,6 +390,16 @@ long VantrelGUI::onCmdStdIlluminant(FXObject*, FXSelector sel, void*) {
 
 void VantrelGUI::generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
                                   bool save) {
+    // The peak goes into the 2 nm table: data the user put there is not replaced unasked.
+    Table_zwk7* target = inputTables[RANGE_360_830_2NM];
+    bool holdsData = false;
+    for (int i = 0; i < target->getNumRows() && !holdsData; ++i)
+        holdsData = !target->getItemText(i, 1).trim().empty();
+    if (holdsData &&
+        UserDialogs::question(this, MBOX_YES_NO, "Replace data",
+                              "The Gaussian spectrum replaces the data in the 360 to 830 nm "
+                              "(2 nm) table.\nDo you want to go on?") != MBOX_CLICKED_YES)
+        return;
     const int oldType = analysisType, oldRange = spectrumRange;
     setAnalysisType(1);
     setSpectrumRange(RANGE_360_830_2NM);

@@ -468,6 +468,14 @@ TEST_F(Calculate, AGaussianPeakIsTypedIntoTheTableAndCalculated) {
     // At the centre, 550 nm: 1e-6 / (sigma sqrt(2 pi)) with the sigma of a 20 nm FWHM in metres.
     EXPECT_EQ(std::string(gui->getInputTable(RANGE_360_830_2NM)->getItemText(95, 1).text()),
               "4.697e+01");
+    // A table holding data is replaced only when the user says so.
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_2NM);
+    table->setItemText(95, 1, "7.000e+00");
+    script.answers = {MBOX_CLICKED_NO};
+    gui->generateGaussian("h", 600e-9, 20e-9, true);
+    ASSERT_EQ(script.shown.size(), 1u);
+    EXPECT_EQ(script.shown[0].title, "Replace data");
+    EXPECT_EQ(std::string(table->getItemText(95, 1).text()), "7.000e+00");
 }
 
 TEST_F(MainWindow, ColourDefinitionsThatAreNoNumbersAreNamedAtStart) {
