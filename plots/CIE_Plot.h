@@ -182,6 +182,15 @@ class CIE_Plot {
     // Fill colour (R, G, B 0 to 255) of a chromaticity x, y, as the colour fill makes it.
     void getFillColor(double x, double y, int* r, int* g, int* b) const;
 
+    // A text the last drawing placed, with its box on the canvas (top-left and size).
+    struct PlacedLabel {
+        int x, y, w, h;
+        std::string text;
+    };
+    // Every text of the last drawing: no two boxes overlap and every box lies on the canvas;
+    // a label that would collide with one placed before it, or leave the canvas, is left out.
+    const std::vector<PlacedLabel>& getPlacedLabels() const { return placedLabels; }
+
   private:
     struct Pt {
         double x, y;
@@ -223,6 +232,12 @@ class CIE_Plot {
     void drawBinBoxes(FXDCWindow& dc);
     void drawPhotometry(FXDCWindow& dc);
     void drawCaptions(FXDCWindow& dc);
+    // Draws text with its baseline at y when its box (in font f) fits on the canvas, inside
+    // bounds when given, and meets no label placed before; true when it was drawn.
+    bool placeLabel(FXDCWindow& dc, int x, int y, const FXString& text, FXFont* f = nullptr,
+                    const int* bounds = nullptr);
+    // Boxes of the axis numbers and titles, placed first so that they always show.
+    void reserveAxisLabels();
     void drawMasks(FXDCWindow& dc);
     void drawTicks(FXDCWindow& dc);
     void drawAxisTitles(FXDCWindow& dc);
@@ -286,6 +301,8 @@ class CIE_Plot {
     double tickStep = 0.05;
     int tickDecimals = 1;
     double photometryBox[3] = {0, 0, 0};
+    std::vector<PlacedLabel> placedLabels;
+    std::vector<PlacedLabel> axisLabels;  // the axis numbers among them
 
     // Loci in diagram coordinates.
     Pt horseShoe[NUM_LOCUS_POINTS];

@@ -434,6 +434,7 @@ void CIE_Plot::drawLayers(FXDCWindow& dc) {
     dc.setFont(font);
     dc.setLineWidth(lineWidth);
     dc.setLineStyle(LINE_SOLID);
+    reserveAxisLabels();
     drawBinBoxes(dc);
     drawSpectrumLocus(dc);
     drawPureColorLines(dc);
@@ -449,14 +450,84 @@ void CIE_Plot::drawLayers(FXDCWindow& dc) {
     drawUserEllipses(dc);
     drawANSIEllipses(dc);
     drawEllipses(dc, false);
-    drawPhotometry(dc);
     drawCaptions(dc);
     drawMasks(dc);
+    // Over the right margin when it needs it: the text is never cut by the frame.
+    drawPhotometry(dc);
     drawTicks(dc);
     drawAxisTitles(dc);
     if (showWavelengthMarkers) drawWavelengthMarkers(dc);
     drawFrame(dc);
     drawLogo(dc);
+}
+
+namespace {
+bool overlaps(const CIE_Plot::PlacedLabel& a, const CIE_Plot::PlacedLabel& b) {
+    return a.x < b.x + b.w && b.x < a.x + a.w && a.y < b.y + b.h && b.y < a.y + a.h;
+}
+}  // namespace
+
+bool CIE_Plot::placeLabel(FXDCWindow& dc, int x, int y, const FXString& text, FXFont* f,
+                          const int* bounds) {
+    FXFont* use = f != nullptr ? f : font;
+    const PlacedLabel box{x, y - use->getFontAscent(), use->getTextWidth(text),
+                          use->getFontHeight(), text.text()};
+    const int lx = bounds ? bounds[0] : 0, ly = bounds ? bounds[1] : 0;
+    const int hx = bounds ? bounds[2] : canvasWidth, hy = bounds ? bounds[3] : canvasHeight;
+    if (box.x < lx || box.y < ly || box.x + box.w > hx || box.y + box.h > hy) return false;
+    for (const PlacedLabel& other : placedLabels)
+        if (overlaps(box, other)) return false;
+    placedLabels.push_back(box);
+    dc.drawText(x, y, text);
+    return true;
+}
+
+void CIE_Plot::reserveAxisLabels() {
+    placedLabels.clear();
+    axisLabels.clear();
+    int left, top, right, bottom;
+    getPlotBoundaries(&left, &top, &right, &bottom);
+    const int fh = font->getFontHeight(), ascent = font->getFontAscent();
+    // The axis titles first: they always show.
+    const char *xt, *yt, *sub;
+    axisTitles(diagramType, &xt, &yt, &sub);
+    const int xw = font->getTextWidth(xt) + subscriptFont->getTextWidth(sub);
+    const int yw = font->getTextWidth(yt) + subscriptFont->getTextWidth(sub);
+    placedLabels.push_back({(left + right - xw) / 2, bottom + 7 + fh, xw, fh, xt});
+    placedLabels.push_back({0, (top + bottom) / 2 - ascent / 2, yw, fh, yt});
+    // The axis numbers, thinned when crowded; one that would still touch another is left out.
+    const bool zoomed = isZoomed();
+    for (int axis = 0; axis < 2; ++axis) {
+        std::vector<long> index;
+        const std::vector<double> values = axis == 0 ? tickValues(xMin, xMax, tickStep, &index)
+                                                     : tickValues(yMin, yMax, tickStep, &index);
+        int labelWidth = 0;
+        for (double v : values) {
+            labelWidth = std::max(labelWidth, font->getTextWidth(tickLabel(v).c_str()));
+        }
+        const int length = axis == 0 ? plotWidth : plotHeight;
+        const bool crowded = (static_cast<int>(values.size()) + 1) * labelWidth > length;
+        const long every = (!zoomed ? 2 : 1) * (crowded ? 2 : 1);
+        for (size_t k = 0; k < values.size(); ++k) {
+            if (index[k] % every != 0) continue;
+            const std::string text = tickLabel(values[k]);
+            const int w = font->getTextWidth(text.c_str());
+            PlacedLabel box{0, 0, w, fh, text};
+            if (axis == 0) {
+                box.x = toInt(x_to_screen(values[k])) - w / 2;
+                box.y = bottom + 7;
+            } else {
+                box.x = left - 7 - w;
+                box.y = toInt(y_to_screen(values[k])) + ascent / 2 - ascent;
+            }
+            bool free =
+                box.x >= 0 && box.y >= 0 && box.x + w <= canvasWidth && box.y + fh <= canvasHeight;
+            for (const PlacedLabel& other : placedLabels) free = free && !overlaps(box, other);
+            if (!free) continue;
+            placedLabels.push_back(box);
+            axisLabels.push_back(box);
+        }
+    }
 }
 
 void CIE_Plot::drawLogo(FXDCWindow& dc) {
@@ -550,7 +621,7 @@ void CIE_Plot::drawCCTlines(FXDCWindow& dc) {
         const Pt& end = below || (c == 6000 && tenDegree) ? l.end1 : l.end2;
         const int x = toInt(x_to_screen(end.x)) - w / 2;
         const int y = toInt(y_to_screen(end.y));
-        dc.drawText(x, below ? y + gap + font->getFontAscent() : y - gap, text);
+        placeLabel(dc, x, below ? y + gap + font->getFontAscent() : y - gap, text);
     }
 }
 
@@ -632,16 +703,16 @@ void CIE_Plot::drawLabel(FXDCWindow& dc, int i, int cx, int cy, double s) {
     const int lowered = cy + toInt((fh - s) / 2);
     switch (pos) {
         case 1:
-            dc.drawText(cx - w / 2, cy - half - gap, text);
+            placeLabel(dc, cx - w / 2, cy - half - gap, text);
             break;
         case 2:
-            dc.drawText(cx - w / 2, cy + fh / 2 + half + gap, text);
+            placeLabel(dc, cx - w / 2, cy + fh / 2 + half + gap, text);
             break;
         case 3:
-            dc.drawText(cx + half + gap, lowered, text);
+            placeLabel(dc, cx + half + gap, lowered, text);
             break;
         default:
-            dc.drawText(cx - w - half - gap, lowered, text);
+            placeLabel(dc, cx - w - half - gap, lowered, text);
             break;
     }
 }
@@ -694,8 +765,13 @@ void CIE_Plot::drawPhotometry(FXDCWindow& dc) {
         photometryAlignment == 0 ? left + 10 * scaleFactor : right - 10 * scaleFactor - width;
     dc.setForeground(textColor());
     int y = top + 3 * fh / 2;
+    // Within the frame's height and the canvas's width: a line that would still run out is
+    // left out, never cut.
+    const int frame[4] = {0, top, canvasWidth, bottom};
     for (const FXString& l : lines) {
-        dc.drawText(x, y, l);
+        // A line too long for its place moves left as far as the canvas allows.
+        const int lineX = std::max(0, std::min(x, canvasWidth - font->getTextWidth(l)));
+        placeLabel(dc, lineX, y, l, nullptr, frame);
         y += fh;
     }
     const double sx = (xMax - xMin) / plotWidth, sy = (yMax - yMin) / plotHeight;
@@ -717,35 +793,18 @@ void CIE_Plot::drawMasks(FXDCWindow& dc) {
 void CIE_Plot::drawTicks(FXDCWindow& dc) {
     int left, top, right, bottom;
     getPlotBoundaries(&left, &top, &right, &bottom);
-    const bool zoomed = isZoomed();
     dc.setForeground(contrastColor());
-    const int ascent = font->getFontAscent();
-    for (int axis = 0; axis < 2; ++axis) {
-        std::vector<long> index;
-        const std::vector<double> values = axis == 0 ? tickValues(xMin, xMax, tickStep, &index)
-                                                     : tickValues(yMin, yMax, tickStep, &index);
-        int labelWidth = 0;
-        for (double v : values) {
-            labelWidth = std::max(labelWidth, font->getTextWidth(tickLabel(v).c_str()));
-        }
-        const int length = axis == 0 ? plotWidth : plotHeight;
-        const bool crowded = (static_cast<int>(values.size()) + 1) * labelWidth > length;
-        for (size_t k = 0; k < values.size(); ++k) {
-            const FXString text(tickLabel(values[k]).c_str());
-            // Not zoomed every second label goes; crowded, every other one of those as well.
-            const long every = (!zoomed ? 2 : 1) * (crowded ? 2 : 1);
-            const bool skip = index[k] % every != 0;
-            if (axis == 0) {
-                const int x = toInt(x_to_screen(values[k]));
-                dc.drawLine(x, bottom, x, bottom + 5);
-                if (!skip) dc.drawText(x - font->getTextWidth(text) / 2, bottom + 7 + ascent, text);
-            } else {
-                const int y = toInt(y_to_screen(values[k]));
-                dc.drawLine(left - 5, y, left, y);
-                if (!skip) dc.drawText(left - 7 - font->getTextWidth(text), y + ascent / 2, text);
-            }
-        }
+    for (double v : tickValues(xMin, xMax, tickStep, nullptr)) {
+        const int x = toInt(x_to_screen(v));
+        dc.drawLine(x, bottom, x, bottom + 5);
     }
+    for (double v : tickValues(yMin, yMax, tickStep, nullptr)) {
+        const int y = toInt(y_to_screen(v));
+        dc.drawLine(left - 5, y, left, y);
+    }
+    // The numbers placed when the drawing began.
+    const int ascent = font->getFontAscent();
+    for (const PlacedLabel& l : axisLabels) dc.drawText(l.x, l.y + ascent, l.text.c_str());
 }
 
 void CIE_Plot::drawAxisTitles(FXDCWindow& dc) {
@@ -792,11 +851,11 @@ void CIE_Plot::drawWavelengthMarkers(FXDCWindow& dc) {
         const int w = font->getTextWidth(text);
         dc.setForeground(whiteBackground ? markerLabelColor : markerLabelColorDark);
         if (m.nm < 520) {
-            dc.drawText(ex - w, ey + fh / 2, text);
+            placeLabel(dc, ex - w, ey + fh / 2, text);
         } else if (m.nm == 520) {
-            dc.drawText(ex - w / 2, ey, text);
+            placeLabel(dc, ex - w / 2, ey, text);
         } else {
-            dc.drawText(ex, ey, text);
+            placeLabel(dc, ex, ey, text);
         }
     }
 }

@@ -185,10 +185,14 @@ void CIE_Plot::drawCaptions(FXDCWindow& dc) {
     getPlotBoundaries(&left, &top, &right, &bottom);
     const int x = (left + right - w1 - w2) / 2, y = bottom - font->getFontHeight() / 2;
     dc.setForeground(textColor());
-    dc.drawText(x, y, first);
-    dc.setFont(boldFont);
-    dc.drawText(x + w1, y, second);
-    dc.setFont(font);
+    // The caption shows whole or not at all, and only over a diagram that has a point.
+    if (numPoints < 1) return;
+    const bool shown = !first[0] || placeLabel(dc, x, y, first);
+    if (shown && second[0]) {
+        dc.setFont(boldFont);
+        placeLabel(dc, x + w1, y, second, boldFont);
+        dc.setFont(font);
+    }
 }
 
 void CIE_Plot::defineBinBoxesAndPlot(FXCanvas* canvas, int count, const CIE_PlotBin* quads,

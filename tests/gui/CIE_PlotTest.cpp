@@ -530,3 +530,50 @@ TEST(CIE_Plot, TheLogoSitsInTheTopRightCornerOfLargePlotsOnly) {
     const Rgb hidden = channels(d.plot->getPixel(right - 4 - 8, top + 4 + 30));
     EXPECT_FALSE(hidden.r > hidden.g + DOMINANCE) << "no logo when it is switched off";
 }
+
+namespace {
+
+// Labels of every kind on every diagram at three sizes: none touches another or the edge.
+TEST(CIE_Plot, LabelsNeverOverlapNorLeaveTheCanvas) {
+    for (int type = 0; type < CIE_Plot::NUM_DIAGRAM_TYPES; ++type) {
+        for (int size : {260, 480, 800}) {
+            SCOPED_TRACE(::testing::Message() << "type " << type << ", size " << size);
+            CIE_Plot plot(guiTestWindow(), 1);
+            CIE_PlotInput in;
+            in.diagramType = type;
+            in.cctLabelType = 3;  // all labels
+            in.showWavelengthMarkers = true;
+            in.writePhotometry = true;
+            in.photometry = "3000 K / 82 CRI / 9 R9 / 77 Rf / 101 Rg\nx 0.4370, y 0.4041";
+            in.x = {0.4370, 0.3127};
+            in.y = {0.4041, 0.3290};
+            in.label = {"LED", "D65"};
+            in.labelPosition = {3, 1};
+            in.allPointsOverride = true;
+            plot.plotPoints(in);
+            plot.setPlotBounds(type, false, false);
+            bool steps[CIE_Plot::NUM_STEP_FLAGS] = {};
+            steps[4] = true;
+            plot.setMacAdamsInfo(false, 0, 0, 0, steps, false);
+            plot.plotPoints(in);
+            ASSERT_TRUE(plot.makeImage(size, size));
+            const auto& labels = plot.getPlacedLabels();
+            EXPECT_GT(labels.size(), 8u);  // axis numbers and titles at least
+            for (std::size_t i = 0; i < labels.size(); ++i) {
+                const CIE_Plot::PlacedLabel& a = labels[i];
+                EXPECT_GE(a.x, 0) << a.text;
+                EXPECT_GE(a.y, 0) << a.text;
+                EXPECT_LE(a.x + a.w, size) << a.text;
+                EXPECT_LE(a.y + a.h, size) << a.text;
+                for (std::size_t j = i + 1; j < labels.size(); ++j) {
+                    const CIE_Plot::PlacedLabel& b = labels[j];
+                    const bool apart = a.x + a.w <= b.x || b.x + b.w <= a.x || a.y + a.h <= b.y ||
+                                       b.y + b.h <= a.y;
+                    EXPECT_TRUE(apart) << "\"" << a.text << "\" and \"" << b.text << "\"";
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
