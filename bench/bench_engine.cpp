@@ -79,6 +79,21 @@ void BM_calculate_TM30(benchmark::State& state) {
 }
 BENCHMARK(BM_calculate_TM30)->Unit(benchmark::kMicrosecond);
 
+// One full metric set of a spectrum: exact CCT, CRI with R1-R15, CQS, gamut areas, dominant
+// wavelength, TLCI-2012 and TM-30-18, as a batch study asks of every mix.
+void BM_fullMetricSet(benchmark::State& state) {
+    const std::vector<double> s = whiteLed();
+    Vantrel v;
+    for (auto _ : state) {
+        v.calcAll(s.data(), false, false);
+        const double cct = v.getCCT(), duv = v.getDeltaUVPlanck();
+        benchmark::DoNotOptimize(v.getQa_TLCI_2012(s.data(), nullptr, cct));
+        v.calculate_TM30(duv, cct, s.data());
+        benchmark::DoNotOptimize(v.get_TM30_Rf());
+    }
+}
+BENCHMARK(BM_fullMetricSet)->Unit(benchmark::kMicrosecond);
+
 void BM_construct(benchmark::State& state) {
     for (auto _ : state) {
         Vantrel v;
