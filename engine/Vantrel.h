@@ -495,15 +495,41 @@ class Vantrel {
     double getEquivalenceLm(int n, const double* spectrum, double stepNm);
 
   private:
+    struct Reference;
     struct Tables;
+    // The read-only tables of the process, built on first use (thread-safe) and never freed.
+    static const Reference& sharedReference();
+    static std::unique_ptr<Reference> buildReference();
+    static void buildTLCIReference(const VantrelData& data, Reference* r);
+    // x, y and angle about the white wx, wy of each grid point of the spectrum locus.
+    static void locusAngles(const double* xb, const double* yb, const double* zb, double wx,
+                            double wy, double* xs, double* ys, double* angles);
+    // Fixed points of the exact CCT search (mired): the two end tests and the start.
+    enum SearchPoint {
+        SEARCH_1001K,
+        SEARCH_1000K,
+        SEARCH_949999K,
+        SEARCH_950000K,
+        SEARCH_START,
+        NUM_SEARCH_POINTS
+    };
+    static constexpr double CCT_SEARCH_URD[NUM_SEARCH_POINTS] = {
+        999.000999000999, 1000.0, 1.0526326869817757, 1.0526315789473684, 400.0};
+    static void exactLocusUV(const Reference& t, int observer, double urd, double* u, double* v);
+    static double distanceTo(double u, double v, double ub, double vb);
+    double duvAtSearchPoint(double u, double v, int point, bool fast) const;
+    double brentFrom(double ax, double bx, double cx, double fbx, double u, double v,
+                     bool fast) const;
+    // Index of the Planck table of the old CCT walk for the current observer.
+    int cctTableIndex() const { return observer == 3 ? 1 : 0; }
     // M1 and M2 of CIE daylight at T (x_D branch at 7000 K, unrounded).
     static void daylightFactors(double T, double* M1, double* M2);
     void labOfSamples(const double* spectrum, const double (*reflectances)[NUM_GRID_POINTS],
                       int first, int count, double* const* L, double* const* a,
                       double* const* b) const;
-    void loadObserverDependentTables();
     void integrateSamples(int row, const double* normalized);
 
+    const Reference* ref;
     std::unique_ptr<Tables> tab;
     VantrelData data;
     int observer = 0;
@@ -542,7 +568,8 @@ class Vantrel {
     int tm30Count = 0;
     std::vector<double> tm30Jab;  // [count][2][3]
     std::vector<double> tm30Rfi;  // [count]
-    std::vector<int> tm30Patch;   // [count][2][3]
+    std::vector<double> tm30XYZ;  // [count][2][3], for the screen colours
+    double tm30White[2][3] = {};  // Xw, Yw, Zw of test and reference
     double tm30Bins[TM30_NUM_BINS][TM30_BIN_COLUMNS] = {};
     double tm30HueShift[TM30_NUM_BINS] = {};
     bool tm30Error = false;

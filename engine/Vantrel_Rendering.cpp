@@ -75,7 +75,7 @@ void Vantrel::getRvalues(double* R, const double* cTest, const double* dTest, do
 
 void Vantrel::getUserRvalues(int n, const double* const* colors, double* R,
                              const double* spectrum) {
-    Tables& t = *tab;
+    const Reference& t = *this->ref;  // the name ref is taken by the reference spectrum below
     std::vector<double> test(N), ref(N);
     getReferenceSpectrum(cct, ref.data());
     const double yTest = sum2Products(spectrum, t.ybar[observer]);
@@ -194,7 +194,7 @@ void Vantrel::defineCIELabForRValues(const double* spectrum) {
     double* L[2] = {labR_L[0], labR_L[1]};
     double* a[2] = {labR_a[0], labR_a[1]};
     double* b[2] = {labR_b[0], labR_b[1]};
-    labOfSamples(spectrum, tab->tcs, 1, NS - 1, L, a, b);
+    labOfSamples(spectrum, ref->tcs, 1, NS - 1, L, a, b);
 }
 
 void Vantrel::defineCIELABForCESColors(const double* spectrum) {
@@ -202,7 +202,7 @@ void Vantrel::defineCIELABForCESColors(const double* spectrum) {
     double* L[2] = {t.labCES_L[0], t.labCES_L[1]};
     double* a[2] = {t.labCES_a[0], t.labCES_a[1]};
     double* b[2] = {t.labCES_b[0], t.labCES_b[1]};
-    labOfSamples(spectrum, t.ces, 0, NUM_CES, L, a, b);
+    labOfSamples(spectrum, ref->ces, 0, NUM_CES, L, a, b);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -240,7 +240,7 @@ double Vantrel::triangleArea(double x1, double y1, double x2, double y2, double 
 
 void Vantrel::getQvalues(double* Q, const double* testSpectrum, const double* referenceSpectrum,
                          double, double, double) {
-    const Tables& t = *tab;
+    const Reference& t = *ref;
     const double* spectra[2] = {testSpectrum, referenceSpectrum};
     double x, y, u[2][NS], v[2][NS], c, d;
     for (int row = 0; row < 2; ++row) {
