@@ -202,10 +202,7 @@ void Vantrel::integrateSamples(int row, const double* normalized) {
 void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut, bool doDomWL,
                     bool cieLabCES) {
     Tables& t = *tab;
-    getReferenceSpectrum(cct, t.normRef);
-
     const double yTest = sum2Products(spectrum, ref->ybar[observer]);
-    const double yRef = sum2Products(t.normRef, ref->ybar[observer]);
 
     // Visible watts: 2 nm cells, with half of the end points taken off once (not twice for the
     // 2 nm step). Visible watts are defined by this rule.
@@ -213,18 +210,37 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
     for (int i = 0; i < N; ++i) {
         watts += (2e-9 * spectrum[i]) * 1e9;
         t.normTest[i] = 100.0 * spectrum[i] / yTest;
-        t.normRef[i] *= 100.0 / yRef;
     }
     watts -= 0.5 * (spectrum[0] + spectrum[N - 1]);
 
     // Row 0 keeps the u, v, c, d of the illuminant from calcCCT.
     integrateSamples(0, t.normTest);
-    integrateSamples(1, t.normRef);
-    cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
+    if (doQ) integrateQSamples(0, t.normTest);
+    referenceRow(doQ);
+    colorFromSamples(watts, doQ, doGamut, doDomWL);
 
+    if (cieLabR) defineCIELabForRValues(spectrum);
+    if (cieLabCES) defineCIELABForCESColors(spectrum);
+
+    // Overwrites row 1, column 0 with the Planck point at the CCT.
+    calDeltaBlackBody(cct, xcoord, ycoord, false);
+}
+
+// Row 1: the reference illuminant of the current CCT at Y = 100 and the samples under it.
+void Vantrel::referenceRow(bool doQ) {
+    Tables& t = *tab;
+    getReferenceSpectrum(cct, t.normRef);
+    const double yRef = sum2Products(t.normRef, ref->ybar[observer]);
+    for (int i = 0; i < N; ++i) t.normRef[i] *= 100.0 / yRef;
+    integrateSamples(1, t.normRef);
+    if (doQ) integrateQSamples(1, t.normRef);
+}
+
+// Everything of color() that follows from the sample tristimulus values of both rows.
+void Vantrel::colorFromSamples(double watts, bool doQ, bool doGamut, bool doDomWL) {
+    cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
     getRvalues(rValues, sc[0], sd[0], sc[1][0], sd[1][0], sY[0], sY[1], su[1], sv[1]);
-    if (doQ)
-        getQvalues(qValues, t.normTest, t.normRef, whiteXYZ[1][0], whiteXYZ[1][1], whiteXYZ[1][2]);
+    if (doQ) qValuesFromSamples(qValues);
 
     deltaUV_cri = getSignedDistance(su[0][0], su[1][0], sv[0][0], sv[1][0]);
 
@@ -239,12 +255,6 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
     vpcoord = 1.5 * vcoord;
 
     if (doDomWL) calcDomWL_purity(xcoord, ycoord);
-
-    if (cieLabR) defineCIELabForRValues(spectrum);
-    if (cieLabCES) defineCIELABForCESColors(spectrum);
-
-    // Overwrites row 1, column 0 with the Planck point at the CCT.
-    calDeltaBlackBody(cct, xcoord, ycoord, false);
 }
 
 void Vantrel::color(const double* spectrum, bool cieLabR, bool cieLabCES) {

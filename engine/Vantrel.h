@@ -528,6 +528,17 @@ class Vantrel {
                       int first, int count, double* const* L, double* const* a,
                       double* const* b) const;
     void integrateSamples(int row, const double* normalized);
+    void integrateQSamples(int row, const double* spectrum);
+    void referenceRow(bool doQ);
+    void colorFromSamples(double watts, bool doQ, bool doGamut, bool doDomWL);
+    void qValuesFromSamples(double* Q);
+    // TM-30 in steps: refusal and sizing (false when refused), the reference row, the test row
+    // from its spectrum, and what follows from the sample XYZ of both rows.
+    bool beginTM30(double duv, int n);
+    void tm30Row(int row, const double* spectrum, int n, const double* const* colors);
+    void finishTM30(int n, bool user);
+    // Batch evaluation of mixes reads and fills the run state directly.
+    friend class MixEvaluator;
 
     const Reference* ref;
     std::unique_ptr<Tables> tab;

@@ -240,14 +240,27 @@ double Vantrel::triangleArea(double x1, double y1, double x2, double y2, double 
 
 void Vantrel::getQvalues(double* Q, const double* testSpectrum, const double* referenceSpectrum,
                          double, double, double) {
+    integrateQSamples(0, testSpectrum);
+    integrateQSamples(1, referenceSpectrum);
+    qValuesFromSamples(Q);
+}
+
+// The illuminant (column 0) and VS1 to VS15 of one row.
+void Vantrel::integrateQSamples(int row, const double* spectrum) {
     const Reference& t = *ref;
-    const double* spectra[2] = {testSpectrum, referenceSpectrum};
-    double x, y, u[2][NS], v[2][NS], c, d;
+    double x, y;
+    cie_XYZ(2, spectrum, nullptr, &qX[row][0], &qY[row][0], &qZ[row][0], &x, &y);
+    for (int k = 1; k < NS; ++k)
+        cie_XYZ(3, spectrum, t.vs[k], &qX[row][k], &qY[row][k], &qZ[row][k], &x, &y);
+}
+
+void Vantrel::qValuesFromSamples(double* Q) {
+    // u, v of each sample from its x, y, as cie_XYZ gives them.
+    double u[2][NS], v[2][NS];
     for (int row = 0; row < 2; ++row) {
-        cie_XYZ(2, spectra[row], nullptr, &qX[row][0], &qY[row][0], &qZ[row][0], &x, &y);
-        cie_1960_uvcd(x, y, &u[row][0], &v[row][0], &c, &d);
-        for (int k = 1; k < NS; ++k) {
-            cie_XYZ(3, spectra[row], t.vs[k], &qX[row][k], &qY[row][k], &qZ[row][k], &x, &y);
+        for (int k = 0; k < NS; ++k) {
+            double x, y, c, d;
+            get_xy_XYZ(qX[row][k], qY[row][k], qZ[row][k], &x, &y);
             cie_1960_uvcd(x, y, &u[row][k], &v[row][k], &c, &d);
         }
     }

@@ -197,7 +197,6 @@ struct Illumination {
     double product[3][N];  // S·x̄, S·ȳ, S·z̄ on the 1964 10° observer
     double k;              // 100/Y of the source
     double white[3];       // Xw, Yw = 100, Zw
-    Cam02White cam;
 };
 
 void prepareIllumination(const double* s, const double* const* cmf, Illumination* il) {
@@ -208,7 +207,6 @@ void prepareIllumination(const double* s, const double* const* cmf, Illumination
     il->white[0] = il->k * Vantrel::sum2Products(s, cmf[0]);
     il->white[1] = 100.0;
     il->white[2] = il->k * Vantrel::sum2Products(s, cmf[2]);
-    il->cam = cam02White(il->white[0], il->white[1], il->white[2]);
 }
 
 // X, Y, Z of a reflectance: each channel summed exactly as sum3Products sums (S·cmf)·R, ends at
@@ -371,13 +369,21 @@ void Vantrel::calculate_TM30(double duv, double cctIn, const double* spectrum, i
                              const double* const* colors) {
     const bool user = colors != nullptr && n >= 1;
     if (!user) n = NUM_CES;
+    if (!beginTM30(duv, n)) return;
+    double reference[N];
+    getTM30ReferenceSpectrum(cctIn, reference);
+    tm30Row(0, spectrum, n, user ? colors : nullptr);
+    tm30Row(1, reference, n, user ? colors : nullptr);
+    finishTM30(n, user);
+}
 
+bool Vantrel::beginTM30(double duv, int n) {
     tm30Rf = TM30_REFUSED;
     tm30Rg = TM30_REFUSED;
     tm30RfSkin = TM30_REFUSED;
     if (std::fabs(duv) > MAX_DUV) {
         tm30Error = true;
-        return;
+        return false;
     }
     tm30Error = false;
 
@@ -390,28 +396,33 @@ void Vantrel::calculate_TM30(double duv, double cctIn, const double* spectrum, i
     }
     std::memset(tm30Bins, 0, sizeof(tm30Bins));
     std::memset(tm30HueShift, 0, sizeof(tm30HueShift));
+    return true;
+}
 
-    // Test and reference, each at Y = 100 on the 1964 10° observer whatever observer is chosen.
+// White and sample XYZ of one row, at Y = 100 on the 1964 10° observer whatever observer is
+// chosen. colors null: the 99 CES.
+void Vantrel::tm30Row(int row, const double* spectrum, int n, const double* const* colors) {
     const double* cmf[3] = {ref->xbar[OBSERVER_1964_10], ref->ybar[OBSERVER_1964_10],
                             ref->zbar[OBSERVER_1964_10]};
-    double reference[N];
-    getTM30ReferenceSpectrum(cctIn, reference);
-    Illumination il[NUM_ROWS];
-    prepareIllumination(spectrum, cmf, &il[0]);
-    prepareIllumination(reference, cmf, &il[1]);
-
-    // The screen colours of the samples are made from these XYZ only when they are asked for.
-    for (int row = 0; row < NUM_ROWS; ++row)
-        std::memcpy(tm30White[row], il[row].white, sizeof(il[row].white));
-    auto* jab = reinterpret_cast<double(*)[NUM_ROWS][3]>(tm30Jab.data());
+    Illumination il;
+    prepareIllumination(spectrum, cmf, &il);
+    std::memcpy(tm30White[row], il.white, sizeof(il.white));
     auto* xyz = reinterpret_cast<double(*)[NUM_ROWS][3]>(tm30XYZ.data());
+    for (int j = 0; j < n; ++j)
+        sampleXYZ(il, colors != nullptr ? colors[j] : ref->ces[j], xyz[j][row]);
+}
+
+void Vantrel::finishTM30(int n, bool user) {
+    // CIECAM02 of every sample; the screen colours are made from the XYZ only when asked for.
+    const Cam02White cam[NUM_ROWS] = {
+        cam02White(tm30White[0][0], tm30White[0][1], tm30White[0][2]),
+        cam02White(tm30White[1][0], tm30White[1][1], tm30White[1][2])};
+    auto* jab = reinterpret_cast<double(*)[NUM_ROWS][3]>(tm30Jab.data());
+    const auto* xyz = reinterpret_cast<const double(*)[NUM_ROWS][3]>(tm30XYZ.data());
     for (int j = 0; j < n; ++j) {
-        const double* reflectance = user ? colors[j] : ref->ces[j];
         for (int row = 0; row < NUM_ROWS; ++row) {
-            const Illumination& light = il[row];
-            double* XYZ = xyz[j][row];
-            sampleXYZ(light, reflectance, XYZ);
-            cam02Ucs(light.cam, XYZ[0], XYZ[1], XYZ[2], jab[j][row]);
+            const double* XYZ = xyz[j][row];
+            cam02Ucs(cam[row], XYZ[0], XYZ[1], XYZ[2], jab[j][row]);
         }
     }
 
