@@ -499,6 +499,9 @@ class Vantrel {
     struct Tables;
     // The read-only tables of the process, built on first use (thread-safe) and never freed.
     static const Reference& sharedReference();
+    // getBlackBody at T, kept until a different T is asked for: one calculation serves the CRI
+    // reference, the Duv and the TM-30 reference of a run, which all want the one at the CCT.
+    const double* blackBodyAt(double T) const;
     static std::unique_ptr<Reference> buildReference();
     static void buildTLCIReference(const VantrelData& data, Reference* r);
     // x, y and angle about the white wx, wy of each grid point of the spectrum locus.

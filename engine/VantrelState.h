@@ -68,6 +68,10 @@ struct Vantrel::Tables {
     // Work arrays of color(): normalized test and reference, a Planck spectrum.
     double normTest[N], normRef[N], planck[N];
 
+    // The last Planck spectrum asked for through blackBodyAt, and its temperature.
+    double blackBodyT = -1.0;
+    double blackBody[N];
+
     // CIELAB of the 99 CES under test and reference.
     double labCES_L[2][NUM_CES], labCES_a[2][NUM_CES], labCES_b[2][NUM_CES];
 };

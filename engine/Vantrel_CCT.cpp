@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <tuple>
 #include <utility>
 
@@ -296,9 +297,7 @@ void Vantrel::calDeltaBlackBody(double x, double y, bool fast) {
 }
 
 void Vantrel::calDeltaBlackBody_p1(double cctIn, double u, double v) {
-    double* planck = tab->planck;
-    getBlackBody(planck, cctIn);
-    cie_XYZ(2, planck, nullptr, &sX[1][0], &sY[1][0], &sZ[1][0], &sx[1][0], &sy[1][0]);
+    cie_XYZ(2, blackBodyAt(cctIn), nullptr, &sX[1][0], &sY[1][0], &sZ[1][0], &sx[1][0], &sy[1][0]);
     cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
     deltaUVPlanck = getSignedDistance(u, su[1][0], v, sv[1][0]);
     deltaUpVpPlanck = getSignedDistance(u, su[1][0], 1.5 * v, 1.5 * sv[1][0]);
@@ -425,8 +424,17 @@ void Vantrel::getReferenceSpectrum(double cctIn, double* s) const {
     if (cctIn >= DAYLIGHT_REFERENCE_MIN && cctIn <= DAYLIGHT_REFERENCE_MAX) {
         getSyntheticDaylight(s, cctIn);
     } else {
-        getBlackBody(s, cctIn);
+        std::memcpy(s, blackBodyAt(cctIn), N * sizeof(double));
     }
+}
+
+const double* Vantrel::blackBodyAt(double T) const {
+    Tables& t = *tab;
+    if (!(t.blackBodyT == T)) {
+        getBlackBody(t.blackBody, T);
+        t.blackBodyT = T;
+    }
+    return t.blackBody;
 }
 
 void Vantrel::getCCTstring(char* buf, double cctIn, double duv) {

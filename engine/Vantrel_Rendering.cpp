@@ -131,9 +131,14 @@ void Vantrel::von_Kries_adapted_XYZ(double Y, double u, double v, double ct, dou
 // limited to 1 (at 1000 cd/m² it is exactly 1), with no lower limit.
 void Vantrel::CMCCAT_v(double X, double Y, double Z, const double* sourceWhite,
                        const double* targetWhite, double adaptLuminance, double* outXYZ) {
+    // From 1000 cd/m² up the formula gives at least 1.024, so D is 1 without working it out
+    // (the CRI and CQS samples are always adapted at 1000 cd/m²).
     const double L = adaptLuminance;
-    double D = 0.08 * std::log10(1000.0 + L) + 0.76 - 0.45 * (1000.0 - L) / (1000.0 + L);
-    if (D > 1.0) D = 1.0;
+    double D = 1.0;
+    if (L < 1000.0) {
+        D = 0.08 * std::log10(1000.0 + L) + 0.76 - 0.45 * (1000.0 - L) / (1000.0 + L);
+        if (D > 1.0) D = 1.0;
+    }
 
     const double sample[3] = {X, Y, Z};
     const double source[3] = {sourceWhite[0] * 100.0 / sourceWhite[1], 100.0,

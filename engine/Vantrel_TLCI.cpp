@@ -338,6 +338,7 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
                      &whiteMatrixed[j][1], &whiteMatrixed[j][2]);
     }
 
+    const bool wantsDisplays = (R != nullptr && G != nullptr && B != nullptr) || trace != nullptr;
     bool gamut[kPatches];
     for (int p = 0; p < kPatches; ++p) {
         for (int j = 0; j < 2; ++j) {
@@ -354,6 +355,8 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
                 if (p < kScored) gamut[p] = false;
                 for (int c = 0; c < 3; ++c) forceIntoGamut(&t.matrixed[c]);
             }
+            // The unscored patches only feed the displays and the trace.
+            if (p >= kScored && !wantsDisplays) continue;
             saturation_TLCI(t.matrixed[0], t.matrixed[1], t.matrixed[2], &t.saturated[0],
                             &t.saturated[1], &t.saturated[2]);
             for (int c = 0; c < 3; ++c) {

@@ -277,7 +277,7 @@ bool validBin(int bin) { return bin >= 0 && bin < NB; }
 
 void Vantrel::getTM30ReferenceSpectrum(double cctIn, double* s) const {
     if (cctIn <= PLANCK_ONLY_MAX_K) {
-        getBlackBody(s, cctIn);
+        std::memcpy(s, blackBodyAt(cctIn), sizeof(double) * N);
         return;
     }
     if (cctIn >= DAYLIGHT_ONLY_MIN_K) {
@@ -285,8 +285,8 @@ void Vantrel::getTM30ReferenceSpectrum(double cctIn, double* s) const {
         return;
     }
     // Both parts at the same luminance (CIE 1931 2° Y = 1) before they are mixed.
-    double planck[N], daylight[N];
-    getBlackBody(planck, cctIn);
+    const double* planck = blackBodyAt(cctIn);
+    double daylight[N];
     getSyntheticDaylight(daylight, cctIn);
     const double* ybar = ref->ybar[OBSERVER_1931_2];
     const double Yp = sum2Products(planck, ybar);
