@@ -1,6 +1,7 @@
-# Front door: make run | make test | make sanitize | make bench
+# Front door: make run | make test | make sanitize | make tsan | make bench
 BUILD      ?= build
 SAN_BUILD  ?= build-sanitize
+TSAN_BUILD ?= build-tsan
 JOBS       ?= $(shell nproc)
 CMAKE_GEN  := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 
@@ -8,7 +9,7 @@ FUZZ_BUILD ?= build-fuzz
 # Seconds each fuzz harness runs in make fuzz; FUZZ=<name> runs that harness alone.
 FUZZ_SECONDS ?= 60
 
-.PHONY: all deps build run test sanitize bench fuzz format clean
+.PHONY: all deps build run test sanitize tsan bench fuzz format clean
 
 all: build
 
@@ -41,6 +42,13 @@ sanitize: deps
 	cd $(SAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 		ctest --output-on-failure -j $(JOBS)
 
+# The thread sanitizer over the whole suite (engines, evaluators and workers on several threads).
+tsan: deps
+	cmake -S . -B $(TSAN_BUILD) $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Debug -DLUMIVAR_TSAN=ON
+	cmake --build $(TSAN_BUILD) -j $(JOBS)
+	cd $(TSAN_BUILD) && TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 \
+		ctest --output-on-failure -j $(JOBS)
+
 # The plot benchmarks draw into X images: without a display they run under a private one.
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; \
@@ -64,4 +72,4 @@ format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h' | grep -v '/data/')
 
 clean:
-	rm -rf $(BUILD) $(SAN_BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(SAN_BUILD) $(TSAN_BUILD) $(FUZZ_BUILD)

@@ -20,10 +20,18 @@ constexpr double GRID_STEP_NM = 2.0;
 constexpr double LDOM_WHITE = 0.3333;
 }  // namespace
 
-Vantrel::Vantrel() : tab(new Tables()) {
-    Tables& t = *tab;
-    // Order of filling: observers and V', FCI colours, locus tables, film curves, WELL curves,
-    // CES, TCS, VS, CCT table, daylight, blood, IR eye curve, EML curves.
+const Vantrel::Reference& Vantrel::sharedReference() {
+    // Built by the first engine of the process (C++11 makes this initialization thread-safe),
+    // then only read. It is deliberately never freed: an engine living in another static object
+    // or a worker still running at exit can never find it gone.
+    static const Reference* const shared = buildReference().release();
+    return *shared;
+}
+
+std::unique_ptr<Vantrel::Reference> Vantrel::buildReference() {
+    std::unique_ptr<Reference> ref(new Reference());
+    Reference& t = *ref;
+    const VantrelData data;
     data.define_cie_1931_2deg_XYZ_bar(t.xbar[0], t.ybar[0], t.zbar[0]);
     data.define_cie_1960_10deg_XYZ_bar(t.xbar[1], t.ybar[1], t.zbar[1]);
     data.define_cie_2015_2deg_XYZ_bar(t.xbar[2], t.ybar[2], t.zbar[2]);
@@ -39,7 +47,17 @@ Vantrel::Vantrel() : tab(new Tables()) {
         t.c2OverLambda[i] = 14.388 / nm;
         t.invLambda5[i] = 1.0 / (nm * nm * nm * nm * nm);
     }
-    define_x_y_angle_for_Ldom(t.ldomX, t.ldomY, t.ldomAngle, LDOM_WHITE, LDOM_WHITE);
+    for (int o = 0; o < NUM_OBSERVERS; ++o) {
+        locusAngles(t.xbar[o], t.ybar[o], t.zbar[o], LDOM_WHITE, LDOM_WHITE, t.ldomX[o], t.ldomY[o],
+                    t.ldomAngle[o]);
+    }
+    for (int o = 0; o < NUM_OBSERVERS; ++o) {
+        for (int k = 0; k < NUM_SEARCH_POINTS; ++k)
+            exactLocusUV(t, o, CCT_SEARCH_URD[k], &t.searchU[o][k], &t.searchV[o][k]);
+    }
+    // defineCCTdata knows two tables: the 2015 10° one (type 3) and the 1931 one.
+    data.defineCCTdata(0, t.cctUrd[0], t.cctU[0], t.cctV[0]);
+    data.defineCCTdata(3, t.cctUrd[1], t.cctU[1], t.cctV[1]);
 
     data.make_kodak_daylight_colors(t.filmDaylight[0], t.filmDaylight[1], t.filmDaylight[2]);
     data.make_kodak_3200K_colors(t.film3200K[0], t.film3200K[1], t.film3200K[2]);
@@ -60,12 +78,15 @@ Vantrel::Vantrel() : tab(new Tables()) {
     data.defineTCSvalues(tcsRows);
     data.defineVSvalues(vsRows);
 
-    data.defineCCTdata(observer, t.cctUrd, t.cctU, t.cctV);
     data.getDaylightCoefficients(t.S0, t.S1, t.S2);
     data.define_Q100_Q50_COI(t.q100, t.q50);
     data.defineEyeSensitivityCurveIR(t.eyeIR);
     data.defineEMLcurves(t.emlMelanopic, t.emlVisual);
+    buildTLCIReference(data, &t);
+    return ref;
 }
+
+Vantrel::Vantrel() : ref(&sharedReference()), tab(new Tables()) {}
 
 Vantrel::~Vantrel() = default;
 
@@ -73,14 +94,8 @@ Vantrel::~Vantrel() = default;
 // Observer selection
 
 void Vantrel::setCIE_XYZ_bar_type(int type) {
+    // The locus and CCT tables of every observer are in the shared reference.
     observer = (type < 0 || type > 3) ? 0 : type;
-    loadObserverDependentTables();
-}
-
-void Vantrel::loadObserverDependentTables() {
-    Tables& t = *tab;
-    define_x_y_angle_for_Ldom(t.ldomX, t.ldomY, t.ldomAngle, LDOM_WHITE, LDOM_WHITE);
-    data.defineCCTdata(observer, t.cctUrd, t.cctU, t.cctV);
 }
 
 const char* Vantrel::getCIE_XYZ_bar_type_name() const {
@@ -145,7 +160,7 @@ void Vantrel::cie_XYZ(int numFactors, const double* a, const double* b, double* 
                       double* Z, double* x, double* y) const {
     // With three factors the product a·b is formed once for the three sums; each element is
     // still (a·b)·c in the same partial sums, so the results are bit for bit sum3Products'.
-    const Tables& t = *tab;
+    const Reference& t = *ref;
     const double* xb = t.xbar[observer];
     const double* yb = t.ybar[observer];
     const double* zb = t.zbar[observer];
@@ -176,7 +191,7 @@ void Vantrel::calcCCT(const double* spectrum, bool fast) {
 
 // Integrates the illuminant (column 0) and the 15 test colour samples of one row.
 void Vantrel::integrateSamples(int row, const double* normalized) {
-    const Tables& t = *tab;
+    const Reference& t = *ref;
     cie_XYZ(2, normalized, nullptr, &sX[row][0], &sY[row][0], &sZ[row][0], &sx[row][0],
             &sy[row][0]);
     for (int k = 1; k < NUM_SAMPLES; ++k) {
@@ -192,10 +207,7 @@ void Vantrel::integrateSamples(int row, const double* normalized) {
 void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut, bool doDomWL,
                     bool cieLabCES) {
     Tables& t = *tab;
-    getReferenceSpectrum(cct, t.normRef);
-
-    const double yTest = sum2Products(spectrum, t.ybar[observer]);
-    const double yRef = sum2Products(t.normRef, t.ybar[observer]);
+    const double yTest = sum2Products(spectrum, ref->ybar[observer]);
 
     // Visible watts: 2 nm cells, with half of the end points taken off once (not twice for the
     // 2 nm step). Visible watts are defined by this rule.
@@ -203,18 +215,37 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
     for (int i = 0; i < N; ++i) {
         watts += (2e-9 * spectrum[i]) * 1e9;
         t.normTest[i] = 100.0 * spectrum[i] / yTest;
-        t.normRef[i] *= 100.0 / yRef;
     }
     watts -= 0.5 * (spectrum[0] + spectrum[N - 1]);
 
     // Row 0 keeps the u, v, c, d of the illuminant from calcCCT.
     integrateSamples(0, t.normTest);
-    integrateSamples(1, t.normRef);
-    cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
+    if (doQ) integrateQSamples(0, t.normTest);
+    referenceRow(doQ);
+    colorFromSamples(watts, doQ, doGamut, doDomWL);
 
+    if (cieLabR) defineCIELabForRValues(spectrum);
+    if (cieLabCES) defineCIELABForCESColors(spectrum);
+
+    // Overwrites row 1, column 0 with the Planck point at the CCT.
+    calDeltaBlackBody(cct, xcoord, ycoord, false);
+}
+
+// Row 1: the reference illuminant of the current CCT at Y = 100 and the samples under it.
+void Vantrel::referenceRow(bool doQ) {
+    Tables& t = *tab;
+    getReferenceSpectrum(cct, t.normRef);
+    const double yRef = sum2Products(t.normRef, ref->ybar[observer]);
+    for (int i = 0; i < N; ++i) t.normRef[i] *= 100.0 / yRef;
+    integrateSamples(1, t.normRef);
+    if (doQ) integrateQSamples(1, t.normRef);
+}
+
+// Everything of color() that follows from the sample tristimulus values of both rows.
+void Vantrel::colorFromSamples(double watts, bool doQ, bool doGamut, bool doDomWL) {
+    cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
     getRvalues(rValues, sc[0], sd[0], sc[1][0], sd[1][0], sY[0], sY[1], su[1], sv[1]);
-    if (doQ)
-        getQvalues(qValues, t.normTest, t.normRef, whiteXYZ[1][0], whiteXYZ[1][1], whiteXYZ[1][2]);
+    if (doQ) qValuesFromSamples(qValues);
 
     deltaUV_cri = getSignedDistance(su[0][0], su[1][0], sv[0][0], sv[1][0]);
 
@@ -229,12 +260,6 @@ void Vantrel::color(const double* spectrum, bool cieLabR, bool doQ, bool doGamut
     vpcoord = 1.5 * vcoord;
 
     if (doDomWL) calcDomWL_purity(xcoord, ycoord);
-
-    if (cieLabR) defineCIELabForRValues(spectrum);
-    if (cieLabCES) defineCIELABForCESColors(spectrum);
-
-    // Overwrites row 1, column 0 with the Planck point at the CCT.
-    calDeltaBlackBody(cct, xcoord, ycoord, false);
 }
 
 void Vantrel::color(const double* spectrum, bool cieLabR, bool cieLabCES) {
@@ -277,7 +302,7 @@ void Vantrel::getXYZ(int sample, double* X, double* Y, double* Z, int row, int q
 }
 
 double Vantrel::getScotopicLumens(const double* spectrum) const {
-    return sum2Products(spectrum, tab->vPrime) * GRID_STEP_NM * SCOTOPIC_LM_PER_W;
+    return sum2Products(spectrum, ref->vPrime) * GRID_STEP_NM * SCOTOPIC_LM_PER_W;
 }
 
 void Vantrel::getWhiteXYZ(int type, const double* spectrum, double* X, double* Y, double* Z) {
@@ -352,52 +377,52 @@ double at(const double* curve, int i) { return (i >= 0 && i < N) ? curve[i] : 0.
 }  // namespace
 
 double Vantrel::getPhotopicCurveData(int i) const {
-    return at(tab->ybar[observer == 3 ? 3 : 0], i);
+    return at(ref->ybar[observer == 3 ? 3 : 0], i);
 }
-double Vantrel::getScotopicCurveData(int i) const { return at(tab->vPrime, i); }
-double Vantrel::get_xbar_CurveData(int i) const { return at(tab->xbar[observer], i); }
-double Vantrel::get_ybar_CurveData(int i) const { return at(tab->ybar[observer], i); }
-double Vantrel::get_zbar_CurveData(int i) const { return at(tab->zbar[observer], i); }
+double Vantrel::getScotopicCurveData(int i) const { return at(ref->vPrime, i); }
+double Vantrel::get_xbar_CurveData(int i) const { return at(ref->xbar[observer], i); }
+double Vantrel::get_ybar_CurveData(int i) const { return at(ref->ybar[observer], i); }
+double Vantrel::get_zbar_CurveData(int i) const { return at(ref->zbar[observer], i); }
 
-double Vantrel::getPhotopicCurveData_1931_2_deg(int i) const { return at(tab->ybar[0], i); }
-double Vantrel::get_xbar_CurveData_1931_2_deg(int i) const { return at(tab->xbar[0], i); }
-double Vantrel::get_ybar_CurveData_1931_2_deg(int i) const { return at(tab->ybar[0], i); }
-double Vantrel::get_zbar_CurveData_1931_2_deg(int i) const { return at(tab->zbar[0], i); }
-double Vantrel::getPhotopicCurveData_1960_10_deg(int i) const { return at(tab->ybar[1], i); }
-double Vantrel::get_xbar_CurveData_1960_10_deg(int i) const { return at(tab->xbar[1], i); }
-double Vantrel::get_ybar_CurveData_1960_10_deg(int i) const { return at(tab->ybar[1], i); }
-double Vantrel::get_zbar_CurveData_1960_10_deg(int i) const { return at(tab->zbar[1], i); }
-double Vantrel::getPhotopicCurveData_2015_2_deg(int i) const { return at(tab->ybar[2], i); }
-double Vantrel::get_xbar_CurveData_2015_2_deg(int i) const { return at(tab->xbar[2], i); }
-double Vantrel::get_ybar_CurveData_2015_2_deg(int i) const { return at(tab->ybar[2], i); }
-double Vantrel::get_zbar_CurveData_2015_2_deg(int i) const { return at(tab->zbar[2], i); }
-double Vantrel::getPhotopicCurveData_2015_10_deg(int i) const { return at(tab->ybar[3], i); }
-double Vantrel::get_xbar_CurveData_2015_10_deg(int i) const { return at(tab->xbar[3], i); }
-double Vantrel::get_ybar_CurveData_2015_10_deg(int i) const { return at(tab->ybar[3], i); }
-double Vantrel::get_zbar_CurveData_2015_10_deg(int i) const { return at(tab->zbar[3], i); }
+double Vantrel::getPhotopicCurveData_1931_2_deg(int i) const { return at(ref->ybar[0], i); }
+double Vantrel::get_xbar_CurveData_1931_2_deg(int i) const { return at(ref->xbar[0], i); }
+double Vantrel::get_ybar_CurveData_1931_2_deg(int i) const { return at(ref->ybar[0], i); }
+double Vantrel::get_zbar_CurveData_1931_2_deg(int i) const { return at(ref->zbar[0], i); }
+double Vantrel::getPhotopicCurveData_1960_10_deg(int i) const { return at(ref->ybar[1], i); }
+double Vantrel::get_xbar_CurveData_1960_10_deg(int i) const { return at(ref->xbar[1], i); }
+double Vantrel::get_ybar_CurveData_1960_10_deg(int i) const { return at(ref->ybar[1], i); }
+double Vantrel::get_zbar_CurveData_1960_10_deg(int i) const { return at(ref->zbar[1], i); }
+double Vantrel::getPhotopicCurveData_2015_2_deg(int i) const { return at(ref->ybar[2], i); }
+double Vantrel::get_xbar_CurveData_2015_2_deg(int i) const { return at(ref->xbar[2], i); }
+double Vantrel::get_ybar_CurveData_2015_2_deg(int i) const { return at(ref->ybar[2], i); }
+double Vantrel::get_zbar_CurveData_2015_2_deg(int i) const { return at(ref->zbar[2], i); }
+double Vantrel::getPhotopicCurveData_2015_10_deg(int i) const { return at(ref->ybar[3], i); }
+double Vantrel::get_xbar_CurveData_2015_10_deg(int i) const { return at(ref->xbar[3], i); }
+double Vantrel::get_ybar_CurveData_2015_10_deg(int i) const { return at(ref->ybar[3], i); }
+double Vantrel::get_zbar_CurveData_2015_10_deg(int i) const { return at(ref->zbar[3], i); }
 
 // ---------------------------------------------------------------------------------------------
 // Reference data access
 
 void Vantrel::getTCSdata(double** rows) const {
-    for (int k = 1; k < NUM_SAMPLES; ++k) std::memcpy(rows[k], tab->tcs[k], sizeof(tab->tcs[k]));
+    for (int k = 1; k < NUM_SAMPLES; ++k) std::memcpy(rows[k], ref->tcs[k], sizeof(ref->tcs[k]));
 }
 
 void Vantrel::getVSdata(double** rows) const {
-    for (int k = 1; k < NUM_SAMPLES; ++k) std::memcpy(rows[k], tab->vs[k], sizeof(tab->vs[k]));
+    for (int k = 1; k < NUM_SAMPLES; ++k) std::memcpy(rows[k], ref->vs[k], sizeof(ref->vs[k]));
 }
 
 void Vantrel::getColorCheckerData(double** rows) const { data.defineCHvalues(rows); }
 
 void Vantrel::defineCESvalues(int* types, double** rows) const {
     for (int k = 0; k < NUM_CES; ++k) {
-        types[k] = tab->cesTypes[k];
-        std::memcpy(rows[k], tab->ces[k], sizeof(tab->ces[k]));
+        types[k] = ref->cesTypes[k];
+        std::memcpy(rows[k], ref->ces[k], sizeof(ref->ces[k]));
     }
 }
 
 void Vantrel::defineColorNameIndicies(int* types) const {
-    std::memcpy(types, tab->cesTypes, sizeof(tab->cesTypes));
+    std::memcpy(types, ref->cesTypes, sizeof(ref->cesTypes));
 }
 
 void Vantrel::defineBlackBodyline(int* count4000K, int* count5000K, double* x, double* y) const {

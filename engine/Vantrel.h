@@ -499,15 +499,55 @@ class Vantrel {
     double getEquivalenceLm(int n, const double* spectrum, double stepNm);
 
   private:
+    struct Reference;
     struct Tables;
+    // The read-only tables of the process, built on first use (thread-safe) and never freed.
+    static const Reference& sharedReference();
+    // getBlackBody at T, kept until a different T is asked for: one calculation serves the CRI
+    // reference, the Duv and the TM-30 reference of a run, which all want the one at the CCT.
+    const double* blackBodyAt(double T) const;
+    static std::unique_ptr<Reference> buildReference();
+    static void buildTLCIReference(const VantrelData& data, Reference* r);
+    // x, y and angle about the white wx, wy of each grid point of the spectrum locus.
+    static void locusAngles(const double* xb, const double* yb, const double* zb, double wx,
+                            double wy, double* xs, double* ys, double* angles);
+    // Fixed points of the exact CCT search (mired): the two end tests and the start.
+    enum SearchPoint {
+        SEARCH_1001K,
+        SEARCH_1000K,
+        SEARCH_949999K,
+        SEARCH_950000K,
+        SEARCH_START,
+        NUM_SEARCH_POINTS
+    };
+    static constexpr double CCT_SEARCH_URD[NUM_SEARCH_POINTS] = {
+        999.000999000999, 1000.0, 1.0526326869817757, 1.0526315789473684, 400.0};
+    static void exactLocusUV(const Reference& t, int observer, double urd, double* u, double* v);
+    static double distanceTo(double u, double v, double ub, double vb);
+    double duvAtSearchPoint(double u, double v, int point, bool fast) const;
+    double brentFrom(double ax, double bx, double cx, double fbx, double u, double v,
+                     bool fast) const;
+    // Index of the Planck table of the old CCT walk for the current observer.
+    int cctTableIndex() const { return observer == 3 ? 1 : 0; }
     // M1 and M2 of CIE daylight at T (x_D branch at 7000 K, unrounded).
     static void daylightFactors(double T, double* M1, double* M2);
     void labOfSamples(const double* spectrum, const double (*reflectances)[NUM_GRID_POINTS],
                       int first, int count, double* const* L, double* const* a,
                       double* const* b) const;
-    void loadObserverDependentTables();
     void integrateSamples(int row, const double* normalized);
+    void integrateQSamples(int row, const double* spectrum);
+    void referenceRow(bool doQ);
+    void colorFromSamples(double watts, bool doQ, bool doGamut, bool doDomWL);
+    void qValuesFromSamples(double* Q);
+    // TM-30 in steps: refusal and sizing (false when refused), the reference row, the test row
+    // from its spectrum, and what follows from the sample XYZ of both rows.
+    bool beginTM30(double duv, int n);
+    void tm30Row(int row, const double* spectrum, int n, const double* const* colors);
+    void finishTM30(int n, bool user);
+    // Batch evaluation of mixes reads and fills the run state directly.
+    friend class MixEvaluator;
 
+    const Reference* ref;
     std::unique_ptr<Tables> tab;
     VantrelData data;
     int observer = 0;
@@ -546,7 +586,8 @@ class Vantrel {
     int tm30Count = 0;
     std::vector<double> tm30Jab;  // [count][2][3]
     std::vector<double> tm30Rfi;  // [count]
-    std::vector<int> tm30Patch;   // [count][2][3]
+    std::vector<double> tm30XYZ;  // [count][2][3], for the screen colours
+    double tm30White[2][3] = {};  // Xw, Yw, Zw of test and reference
     double tm30Bins[TM30_NUM_BINS][TM30_BIN_COLUMNS] = {};
     double tm30HueShift[TM30_NUM_BINS] = {};
     bool tm30Error = false;

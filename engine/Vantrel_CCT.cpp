@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <tuple>
 #include <utility>
 
@@ -99,61 +100,83 @@ double Vantrel::get_u_new(double urd) const { return planck_fit::locusU(observer
 
 double Vantrel::get_v_new(double urd) const { return planck_fit::locusV(observer, urd); }
 
+void Vantrel::exactLocusUV(const Reference& t, int observer, double urd, double* u, double* v) {
+    const double* xb = t.xbar[observer];
+    const double* yb = t.ybar[observer];
+    const double* zb = t.zbar[observer];
+    double X = 0, Y = 0, Z = 0;
+    for (int i = 0; i < N; ++i) {
+        const double w = t.invLambda5[i] / (std::exp(t.c2OverLambda[i] * urd) - 1.0);
+        X += xb[i] * w;
+        Y += yb[i] * w;
+        Z += zb[i] * w;
+    }
+    const double d = X + 15.0 * Y + 3.0 * Z;
+    *u = 4.0 * X / d;
+    *v = 6.0 * Y / d;
+}
+
 double Vantrel::getDuvFrom_urd(double u, double v, double urd, bool fast) const {
     double ub, vb;
     if (fast) {
         ub = get_u_new(urd);
         vb = get_v_new(urd);
     } else {
-        const Tables& t = *tab;
-        const double* xb = t.xbar[observer];
-        const double* yb = t.ybar[observer];
-        const double* zb = t.zbar[observer];
-        double X = 0, Y = 0, Z = 0;
-        for (int i = 0; i < N; ++i) {
-            const double w = t.invLambda5[i] / (std::exp(t.c2OverLambda[i] * urd) - 1.0);
-            X += xb[i] * w;
-            Y += yb[i] * w;
-            Z += zb[i] * w;
-        }
-        const double d = X + 15.0 * Y + 3.0 * Z;
-        ub = 4.0 * X / d;
-        vb = 6.0 * Y / d;
+        exactLocusUV(*ref, observer, urd, &ub, &vb);
     }
+    return distanceTo(u, v, ub, vb);
+}
+
+double Vantrel::distanceTo(double u, double v, double ub, double vb) {
     const double du = u - ub;
     const double dv = v - vb;
     return std::sqrt(du * du + dv * dv);
 }
 
+// The exact search always starts from the same few locus points; they are worked out once per
+// process (each exactly as getDuvFrom_urd works it out) and only their distances taken per call.
+double Vantrel::duvAtSearchPoint(double u, double v, int point, bool fast) const {
+    if (fast) return getDuvFrom_urd(u, v, CCT_SEARCH_URD[point], fast);
+    return distanceTo(u, v, ref->searchU[observer][point], ref->searchV[observer][point]);
+}
+
 void Vantrel::getCCTdata(double u, double v, double* cctOut, bool fast) {
     // Moving from 1000 K to 1001 K goes further away: the point lies beyond the red end.
-    if (getDuvFrom_urd(u, v, 999.000999000999, fast) > getDuvFrom_urd(u, v, 1000.0, fast)) {
+    if (duvAtSearchPoint(u, v, SEARCH_1001K, fast) > duvAtSearchPoint(u, v, SEARCH_1000K, fast)) {
         *cctOut = MIN_CCT;
         return;
     }
     // 949999 K further away than 950000 K: beyond the blue end.
-    if (getDuvFrom_urd(u, v, 1.0526326869817757, fast) >
-        getDuvFrom_urd(u, v, 1.0526315789473684, fast)) {
+    if (duvAtSearchPoint(u, v, SEARCH_949999K, fast) >
+        duvAtSearchPoint(u, v, SEARCH_950000K, fast)) {
         *cctOut = MAX_CCT;
         return;
     }
-    *cctOut = brent(0.1, 400.0, 10000.0, u, v, fast);
+    const double fStart = duvAtSearchPoint(u, v, SEARCH_START, fast);
+    *cctOut = brentFrom(0.1, CCT_SEARCH_URD[SEARCH_START], 10000.0, fStart, u, v, fast);
     // With the 2015 10° observer the locus turns back near 2950 mired (340 K) and the search can
     // settle there for reds just above 1000 K. The end tests have already placed the colour above
     // 1000 K, so search again inside that bound; every other result stays as the search gave it.
-    if (*cctOut < MIN_CCT) *cctOut = brent(0.1, 400.0, 1000.0, u, v, fast);
+    if (*cctOut < MIN_CCT)
+        *cctOut = brentFrom(0.1, CCT_SEARCH_URD[SEARCH_START], 1000.0, fStart, u, v, fast);
+}
+
+double Vantrel::brent(double ax, double bx, double cx, double u, double v, bool fast) const {
+    return brentFrom(ax, bx, cx, getDuvFrom_urd(u, v, bx, fast), u, v, fast);
 }
 
 // Brent's parabolic minimisation in mired (Numerical Recipes form). The tolerance is set after
 // each step to the mired distance of a 1e-8 relative step in T and then used as a relative
 // figure: both halves together decide how closely the CCT converges, and results depend on it.
-double Vantrel::brent(double ax, double bx, double cx, double u, double v, bool fast) const {
+// fbx is the distance at bx.
+double Vantrel::brentFrom(double ax, double bx, double cx, double fbx, double u, double v,
+                          bool fast) const {
     double a = std::min(ax, cx);
     double b = std::max(ax, cx);
     double x = bx, w = bx, vv = bx;
     double e = 0.0, d = 0.0;
     double tol = 0.0;
-    double fx = getDuvFrom_urd(u, v, x, fast);
+    double fx = fbx;
     double fw = fx, fv = fx;
 
     for (int iter = 0; iter < BRENT_MAX_ITERATIONS; ++iter) {
@@ -222,7 +245,8 @@ double Vantrel::brent(double ax, double bx, double cx, double u, double v, bool 
 
 // The older secant-like walk seeded from the 26-point table; kept for comparison.
 void Vantrel::getCCTdata_old(double u, double v, double* cctOut, bool fast) {
-    const Tables& t = *tab;
+    const Reference& t = *ref;
+    const int table = cctTableIndex();
     constexpr int STEPS = 36;
     double urd[STEPS];
     double dist[STEPS];
@@ -230,8 +254,8 @@ void Vantrel::getCCTdata_old(double u, double v, double* cctOut, bool fast) {
     double best = 1e50;
     int start = 0;
     for (int k = 0; k < VantrelData::NUM_CCT_TABLE; ++k) {
-        const double du = u - t.cctU[k];
-        const double dv = v - t.cctV[k];
+        const double du = u - t.cctU[table][k];
+        const double dv = v - t.cctV[table][k];
         const double dk = std::sqrt(du * du + dv * dv);
         if (dk < best) {
             best = dk;
@@ -244,8 +268,8 @@ void Vantrel::getCCTdata_old(double u, double v, double* cctOut, bool fast) {
         if (fast) value = std::clamp(value, 1.0, 10000.0);
         return std::make_pair(value, distance);
     };
-    std::tie(urd[0], dist[0]) = evaluate(t.cctUrd[start]);
-    std::tie(urd[1], dist[1]) = evaluate(t.cctUrd[start] + 20.0);
+    std::tie(urd[0], dist[0]) = evaluate(t.cctUrd[table][start]);
+    std::tie(urd[1], dist[1]) = evaluate(t.cctUrd[table][start] + 20.0);
     for (int n = 2; n < STEPS; ++n) {
         double next;
         if (dist[n - 1] < dist[n - 2]) {
@@ -273,9 +297,7 @@ void Vantrel::calDeltaBlackBody(double x, double y, bool fast) {
 }
 
 void Vantrel::calDeltaBlackBody_p1(double cctIn, double u, double v) {
-    double* planck = tab->planck;
-    getBlackBody(planck, cctIn);
-    cie_XYZ(2, planck, nullptr, &sX[1][0], &sY[1][0], &sZ[1][0], &sx[1][0], &sy[1][0]);
+    cie_XYZ(2, blackBodyAt(cctIn), nullptr, &sX[1][0], &sY[1][0], &sZ[1][0], &sx[1][0], &sy[1][0]);
     cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
     deltaUVPlanck = getSignedDistance(u, su[1][0], v, sv[1][0]);
     deltaUpVpPlanck = getSignedDistance(u, su[1][0], 1.5 * v, 1.5 * sv[1][0]);
@@ -288,7 +310,7 @@ void Vantrel::calDeltaUV_cri(double x, double y, bool fast) {
     cie_1960_uvcd(x, y, &su[0][0], &sv[0][0], &sc[0][0], &sd[0][0]);
     getCCTdata(su[0][0], sv[0][0], &cct, fast);
     getReferenceSpectrum(cct, t.normRef);
-    const double yRef = sum2Products(t.normRef, t.ybar[observer]);
+    const double yRef = sum2Products(t.normRef, ref->ybar[observer]);
     for (int i = 0; i < N; ++i) t.normRef[i] *= 100.0 / yRef;
     integrateSamples(1, t.normRef);
     cie_1960_uvcd(sx[1][0], sy[1][0], &su[1][0], &sv[1][0], &sc[1][0], &sd[1][0]);
@@ -392,7 +414,7 @@ void Vantrel::daylightFactors(double T, double* M1, double* M2) {
 }
 
 void Vantrel::getSyntheticDaylight(double* s, double T) const {
-    const Tables& t = *tab;
+    const Reference& t = *ref;
     double M1, M2;
     daylightFactors(T, &M1, &M2);
     for (int i = 0; i < N; ++i) s[i] = t.S0[i] + M1 * t.S1[i] + M2 * t.S2[i];
@@ -402,8 +424,17 @@ void Vantrel::getReferenceSpectrum(double cctIn, double* s) const {
     if (cctIn >= DAYLIGHT_REFERENCE_MIN && cctIn <= DAYLIGHT_REFERENCE_MAX) {
         getSyntheticDaylight(s, cctIn);
     } else {
-        getBlackBody(s, cctIn);
+        std::memcpy(s, blackBodyAt(cctIn), N * sizeof(double));
     }
+}
+
+const double* Vantrel::blackBodyAt(double T) const {
+    Tables& t = *tab;
+    if (!(t.blackBodyT == T)) {
+        getBlackBody(t.blackBody, T);
+        t.blackBodyT = T;
+    }
+    return t.blackBody;
 }
 
 void Vantrel::getCCTstring(char* buf, double cctIn, double duv) {

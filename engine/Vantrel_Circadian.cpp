@@ -147,7 +147,7 @@ bool Vantrel::getCircadian_CLA(const double* spectrum, double lux, double* cla, 
     *cla = 0;
     *cs = 0;
     if (lux < kMinLux) return false;
-    const CircadianSums sums = circadianSums(*this, data, tab->vPrime, spectrum);
+    const CircadianSums sums = circadianSums(*this, data, ref->vPrime, spectrum);
     // A spectrum without lumens cannot be scaled to an illuminance.
     if (!(sums.L > 0)) return false;
     const double k = lux / sums.L;
@@ -164,7 +164,7 @@ constexpr double kCriticalMissTolerance = 0.005;
 
 bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, double* lux) {
     *lux = 0;
-    const CircadianSums sums = circadianSums(*this, data, tab->vPrime, spectrum);
+    const CircadianSums sums = circadianSums(*this, data, ref->vPrime, spectrum);
     if (sums.anyTiny() || !(sums.L > 0)) return false;
     if (targetCS <= 0.01 || targetCS >= 1.0) return false;
 
@@ -204,22 +204,22 @@ bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, doub
 }
 
 double Vantrel::getWellBuildingMelanopicRatio(const double* spectrum) {
-    const double visual = plainSum(spectrum, tab->wellVisual);
+    const double visual = plainSum(spectrum, ref->wellVisual);
     if (visual == 0) return NO_VALUE;
-    return kWellRatioScale * plainSum(spectrum, tab->wellMelanopic) / visual;
+    return kWellRatioScale * plainSum(spectrum, ref->wellMelanopic) / visual;
 }
 
 void Vantrel::get_Well_Buillding_Melanopic_and_Visual_curves(double* melanopic, double* visual) {
     for (int i = 0; i < N; ++i) {
-        melanopic[i] = tab->wellMelanopic[i];
-        visual[i] = tab->wellVisual[i];
+        melanopic[i] = ref->wellMelanopic[i];
+        visual[i] = ref->wellVisual[i];
     }
 }
 
 double Vantrel::getNormalizedEML(const double* spectrum) {
-    const double visual = plainSum(spectrum, tab->emlVisual);
+    const double visual = plainSum(spectrum, ref->emlVisual);
     if (!(visual > 0)) return 0;
-    return kWellRatioScale * plainSum(spectrum, tab->emlMelanopic) / visual;
+    return kWellRatioScale * plainSum(spectrum, ref->emlMelanopic) / visual;
 }
 
 double Vantrel::getEquivalenceLm(int n, const double* spectrum, double stepNm) {
@@ -228,7 +228,7 @@ double Vantrel::getEquivalenceLm(int n, const double* spectrum, double stepNm) {
     double sum = 0;
     for (int i = 0; i < count; ++i) {
         const double w = (i == 0 || i == count - 1) ? 0.5 : 1.0;
-        sum += w * spectrum[i] * tab->eyeIR[i];
+        sum += w * spectrum[i] * ref->eyeIR[i];
     }
     return 683.0 * stepNm * sum;
 }

@@ -57,11 +57,16 @@ double Vantrel::getTM30BlendedLocus_Cy(double x) const {
 // never satisfy the bracket test of calcDomWL_purity and so take no part.
 void Vantrel::define_x_y_angle_for_Ldom(double* xs, double* ys, double* angles, double wx,
                                         double wy) const {
-    const Tables& t = *tab;
+    locusAngles(ref->xbar[observer], ref->ybar[observer], ref->zbar[observer], wx, wy, xs, ys,
+                angles);
+}
+
+void Vantrel::locusAngles(const double* xb, const double* yb, const double* zb, double wx,
+                          double wy, double* xs, double* ys, double* angles) {
     for (int i = 0; i < N; ++i) {
-        const double sum = t.xbar[observer][i] + t.ybar[observer][i] + t.zbar[observer][i];
-        xs[i] = t.xbar[observer][i] / sum;
-        ys[i] = t.ybar[observer][i] / sum;
+        const double sum = xb[i] + yb[i] + zb[i];
+        xs[i] = xb[i] / sum;
+        ys[i] = yb[i] / sum;
         angles[i] = std::atan((ys[i] - wy) / (xs[i] - wx));
         if (wx > xs[i]) angles[i] += PI_LDOM;
     }
@@ -73,8 +78,9 @@ void Vantrel::get_whitePoint_xy_for_Ldom_purity(double* wx, double* wy) const {
 }
 
 void Vantrel::calcDomWL_purity(double x, double y) {
-    const Tables& t = *tab;
-    calcDomWL_purity(t.ldomX, t.ldomY, t.ldomAngle, LDOM_WHITE, LDOM_WHITE, x, y);
+    const Reference& t = *ref;
+    calcDomWL_purity(t.ldomX[observer], t.ldomY[observer], t.ldomAngle[observer], LDOM_WHITE,
+                     LDOM_WHITE, x, y);
 }
 
 // The sample's angle about the white is bracketed by two neighbouring locus points; the search
@@ -123,7 +129,7 @@ void Vantrel::calcDomWL_purity_user(double x, double y) {
 // Spectrum locus
 
 void Vantrel::getCIEHorseShoe(double* x, double* y) const {
-    const Tables& t = *tab;
+    const Reference& t = *ref;
     for (int i = 0; i < N; ++i) {
         get_xy_XYZ(t.xbar[observer][i], t.ybar[observer][i], t.zbar[observer][i], &x[i], &y[i]);
     }

@@ -26,7 +26,7 @@ bool writeGridColumns(const char* path, const char* header, const double* const*
 }  // namespace
 
 bool Vantrel::printCoefficients() {
-    const Tables& t = *tab;
+    const Reference& t = *ref;
     bool ok = true;
 
     const char* observerFiles[3] = {"XYZ_coeff_1931_2deg.xls", "XYZ_coeff_1960_10deg.xls",
@@ -57,12 +57,9 @@ bool Vantrel::printCoefficients() {
         }
     }
 
-    // The CCT tables follow the observer: switch, write, and restore the caller's observer.
-    const int savedObserver = observer;
+    // Table 0 serves the 1931 2° observer (and 1964 and 2015 2°), table 1 the 2015 10° one.
     const char* cctFiles[2] = {"CCT_coeff_1931.xls", "CCT_coeff_2015.xls"};
-    const int cctObserver[2] = {0, 3};
     for (int k = 0; k < 2; ++k) {
-        setCIE_XYZ_bar_type(cctObserver[k]);
         FILE* f = std::fopen(cctFiles[k], "w");
         if (f == nullptr) {
             ok = false;
@@ -70,11 +67,10 @@ bool Vantrel::printCoefficients() {
         }
         std::fprintf(f, "urd\tu\tv\n");
         for (int r = 0; r < VantrelData::NUM_CCT_TABLE; ++r) {
-            std::fprintf(f, "%.10g\t%.15g\t%.15g\n", t.cctUrd[r], t.cctU[r], t.cctV[r]);
+            std::fprintf(f, "%.10g\t%.15g\t%.15g\n", t.cctUrd[k][r], t.cctU[k][r], t.cctV[k][r]);
         }
         ok &= std::fclose(f) == 0;
     }
-    setCIE_XYZ_bar_type(savedObserver);
 
     const double* daylight[3] = {t.S0, t.S1, t.S2};
     ok &= writeGridColumns("daylight_coeff.xls", "nm\tS0\tS1\tS2", daylight, 3);

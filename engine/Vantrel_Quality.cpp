@@ -137,7 +137,7 @@ void Vantrel::calcFCI(const double* spectrum) {
     double lab[VantrelData::NUM_FCI][3];
     for (int k = 0; k < VantrelData::NUM_FCI; ++k) {
         double Xk, Yk, Zk, xk, yk;
-        cie_XYZ(3, spectrum, tab->fci[k], &Xk, &Yk, &Zk, &xk, &yk);
+        cie_XYZ(3, spectrum, ref->fci[k], &Xk, &Yk, &Zk, &xk, &yk);
         Xk *= scale;
         Yk *= scale;
         Zk *= scale;
@@ -253,12 +253,12 @@ void Vantrel::calculateFullSpectrumIndicies(const double* spectrum) {
 
 double Vantrel::getCOI(const double* spectrum) {
     const int obs = 0;  // the index is defined for the 1931 observer only
-    const double* cmf[3] = {tab->xbar[obs], tab->ybar[obs], tab->zbar[obs]};
+    const double* cmf[3] = {ref->xbar[obs], ref->ybar[obs], ref->zbar[obs]};
     double white[3], q100[3], q50[3];
     for (int c = 0; c < 3; ++c) {
         white[c] = sum2Products(spectrum, cmf[c]);
-        q100[c] = sum3Products(spectrum, tab->q100, cmf[c]);
-        q50[c] = sum3Products(spectrum, tab->q50, cmf[c]);
+        q100[c] = sum3Products(spectrum, ref->q100, cmf[c]);
+        q50[c] = sum3Products(spectrum, ref->q50, cmf[c]);
     }
     double lab100[3], lab50[3];
     cubeRootLab(q100, white, lab100);
@@ -271,14 +271,14 @@ double Vantrel::getCOI(const double* spectrum) {
 
 void Vantrel::calc_kodak_daylight_values(const double* spectrum, double* r, double* g,
                                          double* b) const {
-    *r = sum2Products(spectrum, tab->filmDaylight[0]);
-    *g = sum2Products(spectrum, tab->filmDaylight[1]);
-    *b = sum2Products(spectrum, tab->filmDaylight[2]);
+    *r = sum2Products(spectrum, ref->filmDaylight[0]);
+    *g = sum2Products(spectrum, ref->filmDaylight[1]);
+    *b = sum2Products(spectrum, ref->filmDaylight[2]);
 }
 
 void Vantrel::calc_kodak_3200K_values(const double* spectrum, double* r, double* g,
                                       double* b) const {
-    *r = sum2Products(spectrum, tab->film3200K[0]);
-    *g = sum2Products(spectrum, tab->film3200K[1]);
-    *b = sum2Products(spectrum, tab->film3200K[2]);
+    *r = sum2Products(spectrum, ref->film3200K[0]);
+    *g = sum2Products(spectrum, ref->film3200K[1]);
+    *b = sum2Products(spectrum, ref->film3200K[2]);
 }

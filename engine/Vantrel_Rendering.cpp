@@ -75,7 +75,7 @@ void Vantrel::getRvalues(double* R, const double* cTest, const double* dTest, do
 
 void Vantrel::getUserRvalues(int n, const double* const* colors, double* R,
                              const double* spectrum) {
-    Tables& t = *tab;
+    const Reference& t = *this->ref;  // the name ref is taken by the reference spectrum below
     std::vector<double> test(N), ref(N);
     getReferenceSpectrum(cct, ref.data());
     const double yTest = sum2Products(spectrum, t.ybar[observer]);
@@ -131,9 +131,14 @@ void Vantrel::von_Kries_adapted_XYZ(double Y, double u, double v, double ct, dou
 // limited to 1 (at 1000 cd/m² it is exactly 1), with no lower limit.
 void Vantrel::CMCCAT_v(double X, double Y, double Z, const double* sourceWhite,
                        const double* targetWhite, double adaptLuminance, double* outXYZ) {
+    // From 1000 cd/m² up the formula gives at least 1.024, so D is 1 without working it out
+    // (the CRI and CQS samples are always adapted at 1000 cd/m²).
     const double L = adaptLuminance;
-    double D = 0.08 * std::log10(1000.0 + L) + 0.76 - 0.45 * (1000.0 - L) / (1000.0 + L);
-    if (D > 1.0) D = 1.0;
+    double D = 1.0;
+    if (L < 1000.0) {
+        D = 0.08 * std::log10(1000.0 + L) + 0.76 - 0.45 * (1000.0 - L) / (1000.0 + L);
+        if (D > 1.0) D = 1.0;
+    }
 
     const double sample[3] = {X, Y, Z};
     const double source[3] = {sourceWhite[0] * 100.0 / sourceWhite[1], 100.0,
@@ -194,7 +199,7 @@ void Vantrel::defineCIELabForRValues(const double* spectrum) {
     double* L[2] = {labR_L[0], labR_L[1]};
     double* a[2] = {labR_a[0], labR_a[1]};
     double* b[2] = {labR_b[0], labR_b[1]};
-    labOfSamples(spectrum, tab->tcs, 1, NS - 1, L, a, b);
+    labOfSamples(spectrum, ref->tcs, 1, NS - 1, L, a, b);
 }
 
 void Vantrel::defineCIELABForCESColors(const double* spectrum) {
@@ -202,7 +207,7 @@ void Vantrel::defineCIELABForCESColors(const double* spectrum) {
     double* L[2] = {t.labCES_L[0], t.labCES_L[1]};
     double* a[2] = {t.labCES_a[0], t.labCES_a[1]};
     double* b[2] = {t.labCES_b[0], t.labCES_b[1]};
-    labOfSamples(spectrum, t.ces, 0, NUM_CES, L, a, b);
+    labOfSamples(spectrum, ref->ces, 0, NUM_CES, L, a, b);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -240,14 +245,27 @@ double Vantrel::triangleArea(double x1, double y1, double x2, double y2, double 
 
 void Vantrel::getQvalues(double* Q, const double* testSpectrum, const double* referenceSpectrum,
                          double, double, double) {
-    const Tables& t = *tab;
-    const double* spectra[2] = {testSpectrum, referenceSpectrum};
-    double x, y, u[2][NS], v[2][NS], c, d;
+    integrateQSamples(0, testSpectrum);
+    integrateQSamples(1, referenceSpectrum);
+    qValuesFromSamples(Q);
+}
+
+// The illuminant (column 0) and VS1 to VS15 of one row.
+void Vantrel::integrateQSamples(int row, const double* spectrum) {
+    const Reference& t = *ref;
+    double x, y;
+    cie_XYZ(2, spectrum, nullptr, &qX[row][0], &qY[row][0], &qZ[row][0], &x, &y);
+    for (int k = 1; k < NS; ++k)
+        cie_XYZ(3, spectrum, t.vs[k], &qX[row][k], &qY[row][k], &qZ[row][k], &x, &y);
+}
+
+void Vantrel::qValuesFromSamples(double* Q) {
+    // u, v of each sample from its x, y, as cie_XYZ gives them.
+    double u[2][NS], v[2][NS];
     for (int row = 0; row < 2; ++row) {
-        cie_XYZ(2, spectra[row], nullptr, &qX[row][0], &qY[row][0], &qZ[row][0], &x, &y);
-        cie_1960_uvcd(x, y, &u[row][0], &v[row][0], &c, &d);
-        for (int k = 1; k < NS; ++k) {
-            cie_XYZ(3, spectra[row], t.vs[k], &qX[row][k], &qY[row][k], &qZ[row][k], &x, &y);
+        for (int k = 0; k < NS; ++k) {
+            double x, y, c, d;
+            get_xy_XYZ(qX[row][k], qY[row][k], qZ[row][k], &x, &y);
             cie_1960_uvcd(x, y, &u[row][k], &v[row][k], &c, &d);
         }
     }

@@ -9,6 +9,7 @@
 
 #include "ColorMatrices.h"
 #include "Vantrel.h"
+#include "VantrelState.h"
 
 namespace {
 constexpr int kN = VantrelData::NUM_TLCI;
@@ -242,6 +243,29 @@ void Vantrel::getTLCI_2012_hue_name_4_char(int sector, char* name) {
 }
 
 // ---------------------------------------------------------------------------------------------
+// Shared tables
+
+void Vantrel::buildTLCIReference(const VantrelData& data, Reference* r) {
+    data.get_xyz_bar_TLCI(r->tlciXbar, r->tlciYbar, r->tlciZbar);
+    data.getDaylightCoefficients_TLCI(r->tlciS0, r->tlciS1, r->tlciS2);
+    data.defineEBUvalues(r->tlciCamera[0], r->tlciCamera[1], r->tlciCamera[2]);
+    double* patchRows[kPatches];
+    for (int p = 0; p < kPatches; ++p) patchRows[p] = r->tlciPatch[p];
+    data.defineCHvalues(patchRows);
+    for (int i = 0; i < kN; ++i) r->tlciPatch[kWhitePatch][i] = kWhiteReflectance;
+
+    // White of the colour difference: the display white, daylight at 6500 K, with Y = 1.
+    double d6500[kN], flat[kN];
+    getSyntheticDaylight_TLCI(r->tlciS0, r->tlciS1, r->tlciS2, d6500, kLabWhiteCct);
+    for (int i = 0; i < kN; ++i) flat[i] = 1.0;
+    double Xn, Yn, Zn;
+    getXYZ_TLCI(d6500, flat, r->tlciXbar, r->tlciYbar, r->tlciZbar, &Xn, &Yn, &Zn);
+    r->tlciXn = Xn / Yn;
+    r->tlciYn = 1.0;
+    r->tlciZn = Zn / Yn;
+}
+
+// ---------------------------------------------------------------------------------------------
 // Qa
 
 double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
@@ -253,27 +277,13 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
 double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference, double cctIn,
                                 double** R, double** G, double** B, double* referenceOut,
                                 int** sectors, bool* inGamut, FILE* trace) const {
-    double xbar[kN], ybar[kN], zbar[kN], S0[kN], S1[kN], S2[kN], camera[3][kN];
-    double patch[kPatches][kN];
-    double* patchRows[kPatches];
-    for (int p = 0; p < kPatches; ++p) patchRows[p] = patch[p];
-    data.get_xyz_bar_TLCI(xbar, ybar, zbar);
-    data.getDaylightCoefficients_TLCI(S0, S1, S2);
-    data.defineEBUvalues(camera[0], camera[1], camera[2]);
-    data.defineCHvalues(patchRows);
-    for (int i = 0; i < kN; ++i) patch[kWhitePatch][i] = kWhiteReflectance;
-
-    // White of the colour difference: the display white, daylight at 6500 K, with Y = 1.
-    double Xn, Yn, Zn;
-    {
-        double d6500[kN], flat[kN];
-        getSyntheticDaylight_TLCI(S0, S1, S2, d6500, kLabWhiteCct);
-        for (int i = 0; i < kN; ++i) flat[i] = 1.0;
-        getXYZ_TLCI(d6500, flat, xbar, ybar, zbar, &Xn, &Yn, &Zn);
-        Xn /= Yn;
-        Zn /= Yn;
-        Yn = 1.0;
-    }
+    const Reference& shared = *ref;
+    const double* S0 = shared.tlciS0;
+    const double* S1 = shared.tlciS1;
+    const double* S2 = shared.tlciS2;
+    const double(&camera)[3][kN] = shared.tlciCamera;
+    const double(&patch)[kPatches][kN] = shared.tlciPatch;
+    const double Xn = shared.tlciXn, Yn = shared.tlciYn, Zn = shared.tlciZn;
 
     // Row 0 the test luminaire, row 1 the reference.
     double s[2][kN];
@@ -329,6 +339,7 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
                      &whiteMatrixed[j][1], &whiteMatrixed[j][2]);
     }
 
+    const bool wantsDisplays = (R != nullptr && G != nullptr && B != nullptr) || trace != nullptr;
     bool gamut[kPatches];
     for (int p = 0; p < kPatches; ++p) {
         for (int j = 0; j < 2; ++j) {
@@ -345,6 +356,8 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
                 if (p < kScored) gamut[p] = false;
                 for (int c = 0; c < 3; ++c) forceIntoGamut(&t.matrixed[c]);
             }
+            // The unscored patches only feed the displays and the trace.
+            if (p >= kScored && !wantsDisplays) continue;
             saturation_TLCI(t.matrixed[0], t.matrixed[1], t.matrixed[2], &t.saturated[0],
                             &t.saturated[1], &t.saturated[2]);
             for (int c = 0; c < 3; ++c) {

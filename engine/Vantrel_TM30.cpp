@@ -59,9 +59,8 @@ enum BinColumn {
     COL_TEST_UNIT_B = 12,
     COL_RF_HUE = 13,        // Rf,hj
     COL_CHROMA_SHIFT = 14,  // Rcs,hj as a fraction
-    COL_PATCH_R = 15,       // mean reference screen colour
-    COL_PATCH_G = 16,
-    COL_PATCH_B = 17,
+    // Columns 15 to 17 (a mean screen colour) are left at 0: the graphics colour the bins with
+    // the fixed hue colours, and the per-sample colours are made on request.
 };
 
 // CIECAM02 under the fixed TM-30 viewing conditions: LA = 100 cd/m² (FL below), Yb = 20, average
@@ -198,7 +197,6 @@ struct Illumination {
     double product[3][N];  // S·x̄, S·ȳ, S·z̄ on the 1964 10° observer
     double k;              // 100/Y of the source
     double white[3];       // Xw, Yw = 100, Zw
-    Cam02White cam;
 };
 
 void prepareIllumination(const double* s, const double* const* cmf, Illumination* il) {
@@ -209,7 +207,6 @@ void prepareIllumination(const double* s, const double* const* cmf, Illumination
     il->white[0] = il->k * Vantrel::sum2Products(s, cmf[0]);
     il->white[1] = 100.0;
     il->white[2] = il->k * Vantrel::sum2Products(s, cmf[2]);
-    il->cam = cam02White(il->white[0], il->white[1], il->white[2]);
 }
 
 // X, Y, Z of a reflectance: each channel summed exactly as sum3Products sums (S·cmf)·R, ends at
@@ -269,7 +266,6 @@ double finishBin(double* row, int bin) {
     const double da = row[COL_TEST_UNIT_A] - row[COL_REF_UNIT_A];
     const double db = row[COL_TEST_UNIT_B] - row[COL_REF_UNIT_B];
     row[COL_CHROMA_SHIFT] = da * std::cos(hm) + db * std::sin(hm);
-    for (int c = COL_PATCH_R; c <= COL_PATCH_B; ++c) row[c] /= count;
     return -da * std::sin(hm) + db * std::cos(hm);
 }
 
@@ -281,7 +277,7 @@ bool validBin(int bin) { return bin >= 0 && bin < NB; }
 
 void Vantrel::getTM30ReferenceSpectrum(double cctIn, double* s) const {
     if (cctIn <= PLANCK_ONLY_MAX_K) {
-        getBlackBody(s, cctIn);
+        std::memcpy(s, blackBodyAt(cctIn), sizeof(double) * N);
         return;
     }
     if (cctIn >= DAYLIGHT_ONLY_MIN_K) {
@@ -289,10 +285,10 @@ void Vantrel::getTM30ReferenceSpectrum(double cctIn, double* s) const {
         return;
     }
     // Both parts at the same luminance (CIE 1931 2° Y = 1) before they are mixed.
-    double planck[N], daylight[N];
-    getBlackBody(planck, cctIn);
+    const double* planck = blackBodyAt(cctIn);
+    double daylight[N];
     getSyntheticDaylight(daylight, cctIn);
-    const double* ybar = tab->ybar[OBSERVER_1931_2];
+    const double* ybar = ref->ybar[OBSERVER_1931_2];
     const double Yp = sum2Products(planck, ybar);
     const double Yd = sum2Products(daylight, ybar);
     const double f = (DAYLIGHT_ONLY_MIN_K - cctIn) / BLEND_SPAN_K;
@@ -361,7 +357,7 @@ double Vantrel::polygonArea(const double (*table)[TM30_BIN_COLUMNS], int xColumn
 void Vantrel::cleanUpTM30() {
     tm30Jab.clear();
     tm30Rfi.clear();
-    tm30Patch.clear();
+    tm30XYZ.clear();
     tm30Count = 0;
 }
 
@@ -373,13 +369,21 @@ void Vantrel::calculate_TM30(double duv, double cctIn, const double* spectrum, i
                              const double* const* colors) {
     const bool user = colors != nullptr && n >= 1;
     if (!user) n = NUM_CES;
+    if (!beginTM30(duv, n)) return;
+    double reference[N];
+    getTM30ReferenceSpectrum(cctIn, reference);
+    tm30Row(0, spectrum, n, user ? colors : nullptr);
+    tm30Row(1, reference, n, user ? colors : nullptr);
+    finishTM30(n, user);
+}
 
+bool Vantrel::beginTM30(double duv, int n) {
     tm30Rf = TM30_REFUSED;
     tm30Rg = TM30_REFUSED;
     tm30RfSkin = TM30_REFUSED;
     if (std::fabs(duv) > MAX_DUV) {
         tm30Error = true;
-        return;
+        return false;
     }
     tm30Error = false;
 
@@ -387,32 +391,38 @@ void Vantrel::calculate_TM30(double duv, double cctIn, const double* spectrum, i
         cleanUpTM30();
         tm30Jab.resize(static_cast<size_t>(n) * NUM_ROWS * 3);
         tm30Rfi.resize(n);
-        tm30Patch.resize(static_cast<size_t>(n) * NUM_ROWS * 3);
+        tm30XYZ.resize(static_cast<size_t>(n) * NUM_ROWS * 3);
         tm30Count = n;
     }
     std::memset(tm30Bins, 0, sizeof(tm30Bins));
     std::memset(tm30HueShift, 0, sizeof(tm30HueShift));
+    return true;
+}
 
-    // Test and reference, each at Y = 100 on the 1964 10° observer whatever observer is chosen.
-    const double* cmf[3] = {tab->xbar[OBSERVER_1964_10], tab->ybar[OBSERVER_1964_10],
-                            tab->zbar[OBSERVER_1964_10]};
-    double reference[N];
-    getTM30ReferenceSpectrum(cctIn, reference);
-    Illumination il[NUM_ROWS];
-    prepareIllumination(spectrum, cmf, &il[0]);
-    prepareIllumination(reference, cmf, &il[1]);
+// White and sample XYZ of one row, at Y = 100 on the 1964 10° observer whatever observer is
+// chosen. colors null: the 99 CES.
+void Vantrel::tm30Row(int row, const double* spectrum, int n, const double* const* colors) {
+    const double* cmf[3] = {ref->xbar[OBSERVER_1964_10], ref->ybar[OBSERVER_1964_10],
+                            ref->zbar[OBSERVER_1964_10]};
+    Illumination il;
+    prepareIllumination(spectrum, cmf, &il);
+    std::memcpy(tm30White[row], il.white, sizeof(il.white));
+    auto* xyz = reinterpret_cast<double(*)[NUM_ROWS][3]>(tm30XYZ.data());
+    for (int j = 0; j < n; ++j)
+        sampleXYZ(il, colors != nullptr ? colors[j] : ref->ces[j], xyz[j][row]);
+}
 
+void Vantrel::finishTM30(int n, bool user) {
+    // CIECAM02 of every sample; the screen colours are made from the XYZ only when asked for.
+    const Cam02White cam[NUM_ROWS] = {
+        cam02White(tm30White[0][0], tm30White[0][1], tm30White[0][2]),
+        cam02White(tm30White[1][0], tm30White[1][1], tm30White[1][2])};
     auto* jab = reinterpret_cast<double(*)[NUM_ROWS][3]>(tm30Jab.data());
-    auto* patch = reinterpret_cast<int(*)[NUM_ROWS][3]>(tm30Patch.data());
+    const auto* xyz = reinterpret_cast<const double(*)[NUM_ROWS][3]>(tm30XYZ.data());
     for (int j = 0; j < n; ++j) {
-        const double* reflectance = user ? colors[j] : tab->ces[j];
         for (int row = 0; row < NUM_ROWS; ++row) {
-            const Illumination& light = il[row];
-            double XYZ[3];
-            sampleXYZ(light, reflectance, XYZ);
-            XYZ2RGB(XYZ, light.white[0], light.white[1], light.white[2], &patch[j][row][0],
-                    &patch[j][row][1], &patch[j][row][2]);
-            cam02Ucs(light.cam, XYZ[0], XYZ[1], XYZ[2], jab[j][row]);
+            const double* XYZ = xyz[j][row];
+            cam02Ucs(cam[row], XYZ[0], XYZ[1], XYZ[2], jab[j][row]);
         }
     }
 
@@ -431,7 +441,6 @@ void Vantrel::calculate_TM30(double duv, double cctIn, const double* spectrum, i
         row[COL_REF_B] += ref[2];
         row[COL_DELTA_E] += tm30Rfi[j];
         row[COL_REF_HUE] += hRef;
-        for (int c = 0; c < 3; ++c) row[COL_PATCH_R + c] += patch[j][1][c];
         tm30Rfi[j] = fidelityScore(tm30Rfi[j]);
     }
     for (int bin = 0; bin < NB; ++bin) {
@@ -464,8 +473,14 @@ double Vantrel::getTM30Rfi(int color) const {
 void Vantrel::getTM30PatchColors(int n, int (*rgb)[2][3]) const {
     if (rgb == nullptr) return;
     const int count = n < tm30Count ? n : tm30Count;
-    if (count <= 0) return;
-    std::memcpy(rgb, tm30Patch.data(), static_cast<size_t>(count) * sizeof(rgb[0]));
+    const auto* xyz = reinterpret_cast<const double(*)[NUM_ROWS][3]>(tm30XYZ.data());
+    for (int j = 0; j < count; ++j) {
+        for (int row = 0; row < NUM_ROWS; ++row) {
+            const double* w = tm30White[row];
+            XYZ2RGB(xyz[j][row], w[0], w[1], w[2], &rgb[j][row][0], &rgb[j][row][1],
+                    &rgb[j][row][2]);
+        }
+    }
 }
 
 void Vantrel::getTM30HueRGB(double* r, double* g, double* b) const {
