@@ -170,8 +170,9 @@ bool VantrelGUI::addToUserLibrary(int type, const std::string& givenName, bool n
             ? getNumSpectra()
             : static_cast<int>((type == LIBRARY_FILTERS ? filterSpectra : colorSpectra).size());
     if (checkLibraryLimit(type, numRows, &message)) return showLibraryMessage(this, message), false;
-    // A spectrum is saved with its photometry: it must have been calculated.
-    if (type == LIBRARY_SPECTRA && !resultsValid) {
+    // An entry is saved from a calculated table: a spectrum with its photometry, a filter or
+    // colour as filter or colour input put it on the grid.
+    if (!resultsValid) {
         onCmdCalculate(nullptr, 0, nullptr);
         if (!resultsValid) return false;
     }
