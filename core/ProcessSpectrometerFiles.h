@@ -1,6 +1,6 @@
 // Readers of the files that spectrometer programs and other colour tools write, for importing
 // measured spectra: SpecWin and Mole ".isd", SpectraSuite text, IES TM-27 ".spdx", CGATS ".sp"
-// (Argyll CMS) and plain columns of numbers, one or several spectra per file.
+// and plain columns of numbers, one or several spectra per file.
 //
 // The whole file is read into memory (at most PROCESS_SPECTROMETER_MAX_FILE_BYTES) and decoded
 // from its byte order mark. Lines are compared trimmed, lower-cased and with runs of blanks
