@@ -115,7 +115,9 @@ void VantrelGUI::applyDesign(const DesignData& data) {
     if (!data.matchingColumn.empty() && settings.getInt("_matchingSpectraType") == 0 &&
         settings.getBool("enableMatchingMenuItem")) {
         setupTable();
-        Table_zwk7* table = inputTables[spectrumRange];
+        // The table of the design's range, which the widgets show only after the read.
+        const int range = std::clamp(settings.getInt("spectrumRange"), 0, NUM_SPECTRUM_RANGES - 1);
+        Table_zwk7* table = inputTables[range];
         const int n = std::min(table->getNumRows(), static_cast<int>(data.matchingColumn.size()));
         if (table->getNumColumns() >= 3) {
             for (int r = 0; r < n; ++r) table->setItemText(r, 2, data.matchingColumn[r].c_str());

@@ -95,6 +95,21 @@ TEST_F(DesignFiles, AReopenedDesignGivesTheSameResultsToTheLastDigit) {
     EXPECT_EQ(allFields(), before);
 }
 
+TEST_F(DesignFiles, TheMatchingCurveReturnsToTheTableOfTheDesignsRange) {
+    chooseRange(RANGE_380_830_5NM);
+    setCheck("enableMatchingMenuItem", true);
+    Table_zwk7* table = gui->getInputTable(RANGE_380_830_5NM);
+    for (int r = 0; r < table->getNumRows(); ++r) table->setItemText(r, 2, "5.000e-01");
+    saveDesignAs((folder / "five").string());
+    gui->onCmdResetDefaults(nullptr, 0, nullptr);  // matching off: the column goes
+    EXPECT_EQ(table->getNumColumns(), 2);
+    EXPECT_FALSE(gui->getRangeRadio(RANGE_380_830_5NM)->getCheck());
+    ASSERT_TRUE(gui->openDesign((folder / "five.vtd").string())) << boxes();
+    EXPECT_TRUE(gui->getRangeRadio(RANGE_380_830_5NM)->getCheck());
+    EXPECT_EQ(table->getItemText(0, 2), "5.000e-01");
+    EXPECT_EQ(table->getItemText(table->getNumRows() - 1, 2), "5.000e-01");
+}
+
 TEST_F(DesignFiles, TheCommandLineToolCalculatesASavedDesignAsTheWindowDoes) {
     chooseAnalysis(0);
     setRow(BLUE, "458", "", "300", "");
