@@ -120,6 +120,16 @@ SpectraFileResult fromReader(const PSF& reader, const std::string& title, double
 // plain wavelength-value file through the strict reader.
 SpectraFileResult readColumns(const std::string& bytes, const std::string& name,
                               const std::string& title) {
+    // A first line longer than any table row is no table: say so before decoding and parsing
+    // megabytes of it, as the line-by-line reader would after its first line.
+    if (detectByteOrderMark(bytes) == TextEncoding::BYTES) {
+        const std::size_t end = bytes.find_first_of("\r\n");
+        if ((end == std::string::npos ? bytes.size() : end) > SPECTRUM_MAX_LINE_LENGTH) {
+            return failure(
+                "line longer than " + std::to_string(SPECTRUM_MAX_LINE_LENGTH) + " characters", 1,
+                PSF::TWO_COLUMNS_NM_FIRST);
+        }
+    }
     PSF columns;
     if (columns.setText(bytes, name, PSF::TWO_COLUMNS_NM_FIRST)) {
         const int last = columns.getNumOfSpectraInFile() - 1;
