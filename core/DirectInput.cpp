@@ -26,14 +26,7 @@ const InputTableGrid TABLE_GRIDS[NUM_SPECTRUM_RANGES] = {
     {0, 0.0, 0.0, "Free format spectrum"},
 };
 
-std::string trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos) return std::string();
-    const std::size_t last = text.find_last_not_of(" \t\r\n");
-    return text.substr(first, last - first + 1);
-}
-
-bool isFilled(const std::string& text) { return !trimmed(text).empty(); }
+bool isFilled(const std::string& text) { return !trimmedText(text).empty(); }
 
 // "spectral", "transmission" or "reflectance" data, by what the table holds.
 const char* dataWord(int analysisType) {

@@ -33,3 +33,10 @@ bool isValidDoubleText(const std::string& raw) {
     }
     return digitBefore && (!hasE || digitAfter);
 }
+
+std::string trimmedText(const std::string& text) {
+    const char* blanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string::npos) return std::string();
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}

@@ -9,4 +9,7 @@
 // exponent; digits before the "E" and after it; nothing but digits, marks, "E" and signs.
 bool isValidDoubleText(const std::string& text);
 
+// The text without the blanks, tabs and line ends around it.
+std::string trimmedText(const std::string& text);
+
 #endif  // LUMIVAR_CORE_NUMBERTEXT_H

@@ -13,6 +13,7 @@
 
 #include "AppConstants.h"
 #include "FileText.h"
+#include "NumberText.h"
 
 namespace {
 
@@ -48,17 +49,10 @@ const OlderKey OLDER_KEYS[] = {
      OptionId::upDownSplitterSize_customCIE_xyLm},
 };
 
-std::string trimmed(const std::string& s) {
-    const char* blanks = " \t\r\n";
-    const std::size_t first = s.find_first_not_of(blanks);
-    if (first == std::string::npos) return std::string();
-    return s.substr(first, s.find_last_not_of(blanks) - first + 1);
-}
-
 // Whole-text numbers in the C locale: surrounding blanks are allowed, anything else is not.
 template <class T>
 bool parseNumber(const std::string& text, T* out) {
-    std::string s = trimmed(text);
+    std::string s = trimmedText(text);
     if (!s.empty() && s[0] == '+') s.erase(0, 1);
     if (s.empty()) return false;
     T v{};
@@ -73,7 +67,7 @@ bool parseNumber(const std::string& text, T* out) {
 
 // "<index> <value>" of an indexed line.
 bool parsePair(const std::string& text, int* index, int* value) {
-    const std::string s = trimmed(text);
+    const std::string s = trimmedText(text);
     const std::size_t gap = s.find_first_of(" \t");
     if (gap == std::string::npos) return false;
     return parseNumber(s.substr(0, gap), index) && parseNumber(s.substr(gap), value);

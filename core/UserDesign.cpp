@@ -8,6 +8,7 @@
 
 #include "CLocaleNumbers.h"
 #include "CalculateModel.h"
+#include "NumberText.h"
 #include "ValueFormat.h"
 
 namespace {
@@ -42,20 +43,13 @@ const RowValueTag ROW_VALUE_TAGS[] = {
     {TAG_LPW, &DesignRow::lpw},
 };
 
-std::string trimmed(const std::string& s) {
-    const char* blanks = " \t\r\n";
-    const std::size_t first = s.find_first_not_of(blanks);
-    if (first == std::string::npos) return std::string();
-    return s.substr(first, s.find_last_not_of(blanks) - first + 1);
-}
-
 // A whole token as a finite number in the C locale.
 bool parseDouble(const std::string& text, double* out) {
-    return parseWholeNumber(trimmed(text), out);
+    return parseWholeNumber(trimmedText(text), out);
 }
 
 bool parseInt(const std::string& text, int* out) {
-    const std::string s = trimmed(text);
+    const std::string s = trimmedText(text);
     int v = 0;
     const auto [end, ec] = std::from_chars(s.data(), s.data() + s.size(), v);
     if (s.empty() || ec != std::errc() || end != s.data() + s.size()) return false;
@@ -65,10 +59,10 @@ bool parseInt(const std::string& text, int* out) {
 
 // "<index> <rest>": the index and the trimmed text after it.
 bool splitIndex(const std::string& value, int* index, std::string* rest) {
-    const std::string s = trimmed(value);
+    const std::string s = trimmedText(value);
     const std::size_t gap = s.find_first_of(" \t");
     if (!parseInt(s.substr(0, gap), index)) return false;
-    *rest = gap == std::string::npos ? std::string() : trimmed(s.substr(gap));
+    *rest = gap == std::string::npos ? std::string() : trimmedText(s.substr(gap));
     return true;
 }
 
@@ -100,7 +94,7 @@ bool matchRowTag(const std::string& name, const char* tag, const std::string& va
         return true;
     }
     if (!olderKeyIndex(name, tag, index)) return false;
-    *text = trimmed(value);
+    *text = trimmedText(value);
     *parsed = true;
     return true;
 }
@@ -157,7 +151,7 @@ bool readOtherLine(DesignData& data, const std::string& name, const std::string&
         while (start < value.size()) {
             std::size_t tab = value.find('\t', start);
             if (tab == std::string::npos) tab = value.size();
-            const std::string cell = trimmed(value.substr(start, tab - start));
+            const std::string cell = trimmedText(value.substr(start, tab - start));
             if (!cell.empty() || tab < value.size()) data.matchingColumn.push_back(cell);
             start = tab + 1;
         }

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "CLocaleNumbers.h"
+#include "NumberText.h"
 #include "ReadWriteUserSpectra.h"
 #include "Vantrel.h"
 
@@ -31,12 +32,6 @@ bool setMessage(LibraryMessage* message, LibraryMessageId id, const std::string&
                 const std::string& text) {
     if (message != nullptr) *message = LibraryMessage{id, LibraryBox::ERROR, title, text};
     return true;
-}
-
-std::string trimmed(const std::string& s) {
-    const std::size_t first = s.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos) return std::string();
-    return s.substr(first, s.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 // The warning of a filter or colour value above the scale, as a Yes/No question.
@@ -75,7 +70,7 @@ bool checkEntryLPW(double lpw, LibraryMessage* message) {
 }
 
 bool checkEntryName(int libraryType, const std::string& name, LibraryMessage* message) {
-    const std::string t = trimmed(name);
+    const std::string t = trimmedText(name);
     const char* title = kindTexts(libraryType).nameErrorTitle;
     if (t.empty()) {
         return setMessage(message, LibraryMessageId::NAME_EMPTY, title, "You must enter a name");
@@ -136,7 +131,7 @@ ledTypeStruct makeUserLibraryEntry(int libraryType, const std::string& name, dou
                                    double wattsVis, double wattsVisIR, bool isPrivate) {
     ledTypeStruct e{};
     // Trimmed again after the cut: the library reads names trimmed.
-    const std::string t = trimmed(trimmed(name).substr(0, sizeof e.name - 1));
+    const std::string t = trimmedText(trimmedText(name).substr(0, sizeof e.name - 1));
     std::memcpy(e.name, t.data(), t.size());
     e.lpw = lpw;
     const std::size_t n = std::min(values.size(), std::size_t{Vantrel::NUM_GRID_POINTS_IR});
