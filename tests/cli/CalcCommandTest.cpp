@@ -335,20 +335,6 @@ TEST_F(CalcCommand, EveryImportFormatOfOneSpectrumGivesTheRowOfItsTwoColumnText)
     }
 }
 
-TEST_F(CalcCommand, SpecWinMilliwattFileGivesTheLumensOfTheWattFile) {
-    const Outcome watts = calc({"--precise", SPECTROMETER_DIR + "planck4000_specwin.isd"});
-    const Outcome milli = calc({"--precise", SPECTROMETER_DIR + "planck4000_specwin_mw.isd"});
-    ASSERT_EQ(milli.status, EXIT_ALL_GOOD) << milli.err;
-    // The mW file repeats the W/nm figures x1000 to 6 digits; the table keeps 4.
-    constexpr double RELATIVE_TOL = 1e-3;
-    for (const char* name : {"Lumens", "x", "y", "CCT"}) {
-        const double expected = cell(watts.out, 1, name);
-        EXPECT_NEAR(cell(milli.out, 1, name), expected, RELATIVE_TOL * std::fabs(expected)) << name;
-    }
-    EXPECT_GT(cell(milli.out, 1, "Lumens"), 0.1);  // not 1000 x, not 0
-    EXPECT_LT(cell(milli.out, 1, "Lumens"), 1.0);
-}
-
 TEST_F(CalcCommand, FileOfSeveralSpectraGivesARowForEachNamedFileHashName) {
     const std::string expected = expectedRow("", planckText(), 0, true);
     const struct {
