@@ -42,6 +42,7 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_FIT_TO_SCREEN, VantrelGUI::onCmdFitToScreenSize),
     FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCmdRedraw),
     FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_SPECTRUM_CANVAS, VantrelGUI::onCmdRedraw),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER, VantrelGUI::onCmdPlotSplitter),
     FXMAPFUNC(SEL_LEFTBUTTONPRESS, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
     FXMAPFUNC(SEL_LEFTBUTTONRELEASE, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
     FXMAPFUNC(SEL_RIGHTBUTTONPRESS, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
@@ -182,6 +183,7 @@ void VantrelGUI::create() {
     FXMainWindow::create();
     for (FXMenuPane* pane : menuPanes) pane->create();
     show(PLACEMENT_SCREEN);
+    clampStoredSizes();
     setWindowSizePosition();
     if (settings.getBool("isMaximized_ini")) maximize();
     if (libraryReadFailure > 0) {
@@ -278,7 +280,8 @@ void VantrelGUI::widgetsToSettings() {
     FXWindow* inputSide = mainSplitter->getFirst();
     FXWindow* tableSide = inputSide != nullptr ? inputSide->getNext() : nullptr;
     if (inputSide != nullptr) settings.setInt("dataSplitter", inputSide->getWidth());
-    if (tableSide != nullptr) settings.setInt("plotsSplitter", tableSide->getWidth());
+    if (tableSide != nullptr) settings.setInt("spectrumTableWidth", tableSide->getWidth());
+    settings.setInt("plotsSplitter", plotRow->getHeight());
 }
 
 void VantrelGUI::setWindowSizePosition() {
@@ -287,23 +290,68 @@ void VantrelGUI::setWindowSizePosition() {
     if (x < 0 || y < 0) x = DEFAULT_WINDOW_X, y = DEFAULT_WINDOW_Y;
     if (w < 100 || h < 100) w = DEFAULT_WINDOW_W, h = DEFAULT_WINDOW_H;
     if (!isMaximized()) position(x, y, w, h);
-    FXWindow* inputSide = mainSplitter->getFirst();
-    const int data = settings.getInt("dataSplitter"), plots = settings.getInt("plotsSplitter");
-    if (inputSide != nullptr && data > 0 && data + plots < w) {
-        inputSide->setWidth(data);
-        if (inputSide->getNext() != nullptr && plots > 0) inputSide->getNext()->setWidth(plots);
-    }
+    int data = settings.getInt("dataSplitter"), table = settings.getInt("spectrumTableWidth");
+    if (data <= 0 || table <= 0 || data + table >= w) naturalPaneWidths(w, &data, &table);
+    mainSplitter->getFirst()->setWidth(data);
+    mainSplitter->getFirst()->getNext()->setWidth(table);
     splitPlotSide();
 }
 
+void VantrelGUI::naturalPaneWidths(int windowWidth, int* input, int* table) const {
+    // The input side shows every column of the spectra without a horizontal scroll bar (up to
+    // 45 % of the window), the table its columns.
+    const int scrollBar = getApp()->getScrollBarSize();
+    *input = std::min(ledMatrix->getDefaultWidth() + scrollBar + 24, windowWidth * 45 / 100);
+    int columns = 0;
+    for (int c = 0; c < displayTable->getNumColumns(); ++c)
+        columns += displayTable->getColumnWidth(c);
+    *table = columns + scrollBar + 8;
+}
+
+namespace {
+// Least room left to the result tabs below the plots and to the spectrum beside the diagram.
+constexpr int MIN_RESULTS_HEIGHT = 200;
+constexpr int MIN_SPECTRUM_WIDTH = 180;
+// Share of the plot side's height the plots take when the user has not chosen.
+constexpr int PLOTS_HEIGHT_PERCENT = 62;
+}  // namespace
+
 void VantrelGUI::splitPlotSide() {
-    // The diagram gets a little more than half of the plot side: it needs about as much height
-    // as width, the spectrum does with less.
-    FXWindow* inputSide = mainSplitter->getFirst();
-    if (inputSide == nullptr || inputSide->getNext() == nullptr) return;
-    const int plotSide = getWidth() - inputSide->getWidth() - inputSide->getNext()->getWidth() - 12;
-    if (plotSide > 200) ciePlotCanvas->setWidth(plotSide * 55 / 100);
-    ciePlotCanvas->getParent()->recalc();
+    layout();  // the panes take the window's size now, not at the next idle moment
+    const int sideHeight = plotSideSplitter->getHeight();
+    int plotsHeight = settings.getInt("plotsSplitter");
+    // A height of the plots that leaves no room for the results (or a table width stored under
+    // this name by older versions) gives way to the window's own choice.
+    if (plotsHeight < 300 || plotsHeight > sideHeight - MIN_RESULTS_HEIGHT) {
+        plotsHeight = sideHeight * PLOTS_HEIGHT_PERCENT / 100;
+    }
+    plotRow->setHeight(std::max(plotsHeight, 100));
+    plotSideSplitter->layout();
+    fitDiagramWidth();
+}
+
+void VantrelGUI::fitDiagramWidth() {
+    plotRow->layout();
+    const int rowWidth = plotRow->getWidth() - 2 * plotRow->getBorderWidth();
+    int width = settings.getInt("ciePlotPaneWidth");
+    if (width <= 0) {
+        prepareCIE_Plot(false);
+        width = ciePlot->widthForHeight(plotRow->getHeight() - 2 * plotRow->getBorderWidth());
+    }
+    width = std::max(100, std::min(width, rowWidth - MIN_SPECTRUM_WIDTH));
+    if (width == ciePlotCanvas->getWidth()) return;
+    ciePlotCanvas->setWidth(width);
+    plotRow->layout();
+}
+
+long VantrelGUI::onCmdPlotSplitter(FXObject* sender, FXSelector, void*) {
+    // A border the user dragged is kept: the plots' height, or the diagram's width.
+    if (sender == plotSideSplitter) {
+        settings.setInt("plotsSplitter", plotRow->getHeight());
+    } else {
+        settings.setInt("ciePlotPaneWidth", ciePlotCanvas->getWidth());
+    }
+    return 1;
 }
 
 void VantrelGUI::resizeToScreen(bool showTip) {
@@ -311,12 +359,13 @@ void VantrelGUI::resizeToScreen(bool showTip) {
     if (w >= 2001) w = 1500;
     if (h >= 2001) h = 1000;
     position(25, 50, w - 50, h - 100);
-    // The inputs and the tables take two thirds of the width, the plots and results the rest.
-    FXWindow* inputSide = mainSplitter->getFirst();
-    if (inputSide != nullptr && inputSide->getNext() != nullptr) {
-        const int tableWidth = inputSide->getNext()->getWidth();
-        inputSide->setWidth(std::max(200, (w - 50) * 2 / 3 - tableWidth));
-    }
+    // The input side and the table at their natural widths, the plots and results the rest.
+    int input, table;
+    naturalPaneWidths(w - 50, &input, &table);
+    mainSplitter->getFirst()->setWidth(input);
+    mainSplitter->getFirst()->getNext()->setWidth(table);
+    settings.setInt("plotsSplitter", 0);
+    settings.setInt("ciePlotPaneWidth", 0);
     splitPlotSide();
     if (showTip) {
         UserDialogs::information(this, "Resizing Tip",

@@ -68,6 +68,7 @@ class VantrelGUI : public FXMainWindow {
         ID_UPDATE_DECIMAL_FORMAT,
         ID_ABOUT,
         ID_RESULT_TABS,
+        ID_PLOT_SPLITTER,
         ID_MAIN_WINDOW_POSITION,
         ID_FIT_TO_SCREEN,
         ID_CIE_CANVAS,
@@ -134,6 +135,7 @@ class VantrelGUI : public FXMainWindow {
     long onCmdMainWindowPosition(FXObject*, FXSelector, void*);
     long onCmdFitToScreenSize(FXObject*, FXSelector, void*);
     long onCmdRedraw(FXObject*, FXSelector, void*);
+    long onCmdPlotSplitter(FXObject*, FXSelector, void*);
     long onCmdCalculateIndividual(FXObject*, FXSelector, void*);
     long onCmdBluePeakChk(FXObject*, FXSelector, void*);
     long onCmdCheckedLED(FXObject*, FXSelector, void*);
@@ -323,11 +325,17 @@ class VantrelGUI : public FXMainWindow {
     // Stored options outside what the window can show (a choice no radio offers, a window
     // larger than the screen) go back to a value it can.
     void clampStoredOptions();
+    // Window sizes and splits within the screen.
+    void clampStoredSizes();
     void settingsToWidgets();
     void widgetsToSettings();
     void setWindowSizePosition();
     void resizeToScreen(bool showTip);
     void splitPlotSide();
+    void naturalPaneWidths(int windowWidth, int* input, int* table) const;
+    // Gives the diagram the width at which it fills the height of the plot row, unless the
+    // user has set that width by dragging.
+    void fitDiagramWidth();
 
     // Tables.
     void setupTable();
@@ -380,6 +388,8 @@ class VantrelGUI : public FXMainWindow {
     int numGridPoints() const;
     CIE_PlotInput ciePlotInput() const;
     void drawCIE_Plot(bool reset);
+    // Passes the points and options to the diagram; true when its range was set anew.
+    bool prepareCIE_Plot(bool reset);
     void drawSpectrumPlot();
     void updateCalculateButton();
     void setSavedValuesCaptions();
@@ -436,6 +446,8 @@ class VantrelGUI : public FXMainWindow {
     FXMenuBar* menuBar = nullptr;
     std::vector<FXMenuPane*> menuPanes;
     FXSplitter* mainSplitter = nullptr;
+    FXSplitter* plotSideSplitter = nullptr;  // plots above, result tabs below
+    FXHorizontalFrame* plotRow = nullptr;    // the diagram and the spectrum plot
     FXTabBook* inputTabs = nullptr;
     FXTabItem* spectraTab = nullptr;
     FXTabItem* filtersTab = nullptr;

@@ -64,6 +64,12 @@ CIE_PlotInput VantrelGUI::ciePlotInput() const {
 }
 
 void VantrelGUI::drawCIE_Plot(bool reset) {
+    // A new range (another type, zoom or a reset) may want another width to fill the height.
+    if (prepareCIE_Plot(reset) && settings.getInt("ciePlotPaneWidth") <= 0) fitDiagramWidth();
+    ciePlot->drawPlot(ciePlotCanvas);
+}
+
+bool VantrelGUI::prepareCIE_Plot(bool reset) {
     if (!ciePlot) ciePlot = std::make_unique<CIE_Plot>(this, 1);
     const CIE_PlotInput in = ciePlotInput();
     const bool typeChanged = ciePlot->getDiagramType() != in.diagramType;
@@ -91,8 +97,9 @@ void VantrelGUI::drawCIE_Plot(bool reset) {
         // not the result).
         ciePlot->setPlotBounds(in.diagramType, settings.getBool("cieDiagramZoomed_Chk"),
                                settings.getBool("enableSmartZoom"), in.x.size() > 1);
+        return true;
     }
-    ciePlot->drawPlot(ciePlotCanvas);
+    return false;
 }
 
 void VantrelGUI::drawSpectrumPlot() {

@@ -141,6 +141,50 @@ TEST_F(MainWindowPlots, EachLedAloneIsAPointExceptOneWithoutVisibleLight) {
     EXPECT_EQ(gui->getCIEPlot()->getNumPoints(), 2);
 }
 
+TEST_F(MainWindowPlots, AtTheDefaultSizeTheDiagramFillsATallCanvasForEveryType) {
+    // The window as a first start sizes it on the test's 1600 x 1000 screen.
+    ASSERT_EQ(gui->getRoot()->getHeight(), 1000);
+    gui->onCmdFitToScreenSize(nullptr, 0, nullptr);
+    gui->redrawPlots(true);
+    FXCanvas* canvas = gui->getCIECanvas();
+    EXPECT_GE(canvas->getHeight(), 500);
+    EXPECT_GE(gui->getSpectrumCanvas()->getWidth(), 150) << "the spectrum keeps its place";
+    CIE_Plot* plot = gui->getCIEPlot();
+    // Rows of the colour fill (the locus' inside) on the 1931 diagram.
+    int top = canvas->getHeight(), bottom = -1;
+    const FXColor background = plot->getFillPixel(1, 1);
+    for (int y = 0; y < canvas->getHeight(); ++y) {
+        for (int x = 0; x < canvas->getWidth(); x += 3) {
+            if (plot->getFillPixel(x, y) == background) continue;
+            top = std::min(top, y), bottom = std::max(bottom, y);
+            break;
+        }
+    }
+    EXPECT_GE(bottom - top, canvas->getHeight() * 8 / 10);
+    // Every type, zoomed or not, is drawn to scale up to the pads on one side at least.
+    auto* zoomed = static_cast<FXMenuCheck*>(gui->getOptionWidget("cieDiagramZoomed_Chk"));
+    for (int zoom = 0; zoom < 2; ++zoom) {
+        zoomed->setCheck(zoom);
+        gui->onCmdOptionCheck(zoomed, 0, nullptr);
+        for (int type = 0; type < CIE_Plot::NUM_DIAGRAM_TYPES; ++type) {
+            SCOPED_TRACE(testing::Message() << "type " << type << " zoom " << zoom);
+            auto* radio = static_cast<FXMenuRadio*>(gui->getOptionWidget("cieDiagramType", type));
+            gui->onCmdOptionRadio(radio, 0, nullptr);
+            gui->redrawPlots();
+            int w, h, left, right, padTop, padBottom, l, t, r, b;
+            plot->getSize(&w, &h);
+            plot->getPlotPadding(&left, &right, &padTop, &padBottom);
+            plot->getPlotBoundaries(&l, &t, &r, &b);
+            EXPECT_EQ(w, canvas->getWidth());
+            EXPECT_EQ(h, canvas->getHeight());
+            const bool fillsWidth = std::abs((r - l) - (w - left - right)) <= 1;
+            const bool fillsHeight = std::abs((b - t) - (h - padTop - padBottom)) <= 1;
+            EXPECT_TRUE(fillsWidth || fillsHeight);
+            EXPECT_GE(b - t, canvas->getHeight() / 2);
+        }
+    }
+}
+
 TEST_F(MainWindowPlots, EveryCheckOfTheCIEPlotMenuRedrawsAtOnce) {
     struct Toggle {
         const char* tag;
