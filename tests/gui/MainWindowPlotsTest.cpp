@@ -185,6 +185,30 @@ TEST_F(MainWindowPlots, AtTheDefaultSizeTheDiagramFillsATallCanvasForEveryType) 
     }
 }
 
+TEST_F(MainWindowPlots, BordersTheUserDraggedComeBackAtTheNextStart) {
+    gui->onCmdFitToScreenSize(nullptr, 0, nullptr);
+    FXCanvas* canvas = gui->getCIECanvas();
+    FXWindow* plotsBeside = canvas->getParent();  // the diagram beside the spectrum
+    FXWindow* row = plotsBeside->getParent();
+    FXWindow* plotsAbove = row->getParent();  // the plots above the result tabs
+    row->setHeight(450);
+    plotsAbove->layout();
+    gui->onCmdPlotSplitter(plotsAbove, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER), nullptr);
+    canvas->setWidth(320);
+    plotsBeside->layout();
+    gui->onCmdPlotSplitter(plotsBeside, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER),
+                           nullptr);
+    gui->onCmdQuit(nullptr, 0, nullptr);
+    close();
+    open();
+    EXPECT_EQ(gui->getCIECanvas()->getParent()->getParent()->getHeight(), 450);
+    EXPECT_EQ(gui->getCIECanvas()->getWidth(), 320);
+    // Fitting to the screen gives the choice back to the window.
+    gui->onCmdFitToScreenSize(nullptr, 0, nullptr);
+    EXPECT_GT(gui->getCIECanvas()->getHeight(), 450);
+    EXPECT_NE(gui->getCIECanvas()->getWidth(), 320);
+}
+
 TEST_F(MainWindowPlots, EveryCheckOfTheCIEPlotMenuRedrawsAtOnce) {
     struct Toggle {
         const char* tag;
