@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "AppConstants.h"
 #include "ArgbColor.h"
@@ -55,6 +57,11 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_SPECTRUM_ZOOM, VantrelGUI::onCmdResetSpectrumZoom),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_CIE_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_HORSESHOE, VantrelGUI::onCmdWriteHorseShoeData),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_R_COLORS, VantrelGUI::ID_WRITE_COLOR_CHECKER_COLORS,
+               VantrelGUI::onCmdWrite_RQ_UserColors),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_CES_COLORS, VantrelGUI::ID_WRITE_CES_DATA,
+               VantrelGUI::onCmdWriteCESColorsToFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PROGRAM_FONT, VantrelGUI::onCmdProgramFont),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_GAMUTS, VantrelGUI::onCmdWriteGamutData),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_SPECTRUM_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
@@ -118,7 +125,25 @@ constexpr std::size_t MAX_SAVED_VALUES = 2500;
 constexpr int DEFAULT_WINDOW_X = 50, DEFAULT_WINDOW_Y = 50;
 constexpr int DEFAULT_WINDOW_W = 1000, DEFAULT_WINDOW_H = 800;
 
-FXFont* makeProgramFont(FXApp* app) {
+// The font the user chose with "Program font..." (kept in the settings file), else the first
+// face of FONT_FACES the display has.
+FXFont* makeProgramFont(FXApp* app, const std::string& settingsFile) {
+    ProgramSettings stored;
+    const std::string face = stored.read(settingsFile, true).status == ProgramSettings::ReadStatus::OK
+                                 ? stored.getString(OptionId::programFontDescription_face)
+                                 : std::string();
+    if (!face.empty()) {
+        FXFontDesc desc;
+        std::memset(&desc, 0, sizeof(desc));
+        std::snprintf(desc.face, sizeof(desc.face), "%s", face.c_str());
+        desc.size = std::clamp(stored.getInt(OptionId::programFontDescription_size), 60, 240);
+        desc.weight = stored.getInt(OptionId::programFontDescription_weight);
+        desc.slant = stored.getInt(OptionId::programFontDescription_slant);
+        desc.encoding = stored.getInt(OptionId::programFontDescription_encoding);
+        desc.setwidth = stored.getInt(OptionId::programFontDescription_setwidth);
+        desc.flags = stored.getInt(OptionId::programFontDescription_flags);
+        return new FXFont(app, desc);
+    }
     for (const char* face : FONT_FACES) {
         FXFontDesc* fonts = nullptr;
         FXuint count = 0;
@@ -135,12 +160,12 @@ FXFont* makeProgramFont(FXApp* app) {
 VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
     : FXMainWindow(app, APP_NAME, nullptr, nullptr, DECOR_ALL, 0, 0, DEFAULT_WINDOW_W,
                    DEFAULT_WINDOW_H) {
-    programFont = makeProgramFont(app);
     resetOutputOrder(outputFields, outputOrder);
     setTitle(FXString().format("%s v%d.%02d", APP_NAME, VERSION_MAJOR, VERSION_MINOR));
 
     paths.programDir = chooseProgramDir(argFolder, std::getenv("HOME"), passwordHomeDirectory());
     paths.settingsFile = paths.programDir + ValueFormat::format("%s.ini", APP_NAME);
+    programFont = makeProgramFont(app, paths.settingsFile);
     paths.photometryFile = paths.programDir + PHOTOMETRY_FILE_NAME;
     settings.setString("pathUserFilesDirectory", paths.programDir);
     model = std::make_unique<CalculateModel>(paths.programDir);

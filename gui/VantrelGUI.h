@@ -19,6 +19,7 @@
 #include "DirectInput.h"
 #include "OutputField.h"
 #include "ProgramSettings.h"
+#include "ReferenceDataFiles.h"
 #include "ResultFields.h"
 #include "SpectrumPlot.h"
 #include "TextToNumber.h"
@@ -87,6 +88,12 @@ class VantrelGUI : public FXMainWindow {
         ID_RESET_SPECTRUM_ZOOM,
         ID_SAVE_SPECTRUM_IMAGE,
         ID_WRITE_HORSESHOE,
+        ID_WRITE_R_COLORS,
+        ID_WRITE_Q_COLORS,
+        ID_WRITE_COLOR_CHECKER_COLORS,
+        ID_WRITE_CES_COLORS,
+        ID_WRITE_CES_DATA,
+        ID_PROGRAM_FONT,
         ID_WRITE_GAMUTS,
         ID_OPEN_USER_FILE,
         ID_WRITE_FILE,
@@ -152,6 +159,9 @@ class VantrelGUI : public FXMainWindow {
     long onCmdResetSpectrumZoom(FXObject*, FXSelector, void*);
     long onCmdSavePlotImage(FXObject*, FXSelector, void*);
     long onCmdWriteHorseShoeData(FXObject*, FXSelector, void*);
+    long onCmdWrite_RQ_UserColors(FXObject*, FXSelector, void*);
+    long onCmdWriteCESColorsToFile(FXObject*, FXSelector, void*);
+    long onCmdProgramFont(FXObject*, FXSelector, void*);
     long onCmdWriteGamutData(FXObject*, FXSelector, void*);
     long onCmdOpenUserFile(FXObject*, FXSelector, void*);
     long onCmdWriteFile(FXObject*, FXSelector, void*);
@@ -389,6 +399,8 @@ class VantrelGUI : public FXMainWindow {
     CIE_PlotInput ciePlotInput() const;
     void drawCIE_Plot(bool reset);
     // Passes the points and options to the diagram; true when its range was set anew.
+    // Writes a reference set as a colour library of the program folder, or shows why not.
+    void writeReferenceColours(ReferenceColours which, const char* name);
     bool prepareCIE_Plot(bool reset);
     void drawSpectrumPlot();
     void updateCalculateButton();

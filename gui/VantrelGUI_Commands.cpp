@@ -1,5 +1,8 @@
 // Small commands of the menus: the help documents, the engine's coefficient files, the table
-// written to a text file, and the matching curve's data and title.
+// written to a text file, the matching curve's data and title, and the program font.
+#include <algorithm>
+#include <cstdlib>
+
 #include "DocumentOpener.h"
 #include "FileText.h"
 #include "Fox_Fixes/Table_zwk7.h"
@@ -76,5 +79,60 @@ long VantrelGUI::onCmdMatchingCurveTitle(FXObject*, FXSelector, void*) {
         settings.setString("matchingCurveName", title);
         repaintPlots();
     }
+    return 1;
+}
+
+long VantrelGUI::onCmdProgramFont(FXObject*, FXSelector, void*) {
+    // The toolkit hands a window its font when the window is made, so a new program font is
+    // kept in the settings and used from the next start.
+    FXFontDesc desc;
+    getApp()->getNormalFont()->getFontDesc(desc);
+    FXFontDialog dialog(this, "Program font");
+    dialog.setFontSelection(desc);
+    const auto descFields = [](const FXFontDesc& d) {
+        return std::vector<std::string>{
+            d.face,
+            std::to_string(d.size),
+            std::to_string(d.weight),
+            std::to_string(d.slant),
+            std::to_string(d.encoding),
+            std::to_string(d.setwidth),
+            std::to_string(d.flags)};
+    };
+    std::vector<std::string> fields = descFields(desc);
+    if (!UserDialogs::runForm(&dialog, &fields, [&] {
+            FXFontDesc chosen;
+            dialog.getFontSelection(chosen);
+            return descFields(chosen);
+        })) {
+        return 1;
+    }
+    int numbers[6] = {};
+    for (int k = 0; k < 6; ++k) {
+        char* end = nullptr;
+        const long value = std::strtol(fields[k + 1].c_str(), &end, 10);
+        numbers[k] = end != fields[k + 1].c_str() && *end == '\0' && value >= 0 && value < 100000
+                         ? static_cast<int>(value)
+                         : -1;
+    }
+    const bool numbersRead = std::all_of(std::begin(numbers), std::end(numbers),
+                                         [](int n) { return n >= 0; });
+    if (fields[0].empty() || !numbersRead || numbers[0] < 60 || numbers[0] > 240) {
+        UserDialogs::error(this, "Font error", "Please choose a font face of 6 to 24 points.");
+        return 1;
+    }
+    settings.setString(OptionId::programFontDescription_face, fields[0]);
+    const OptionId ids[6] = {OptionId::programFontDescription_size,
+                             OptionId::programFontDescription_weight,
+                             OptionId::programFontDescription_slant,
+                             OptionId::programFontDescription_encoding,
+                             OptionId::programFontDescription_setwidth,
+                             OptionId::programFontDescription_flags};
+    for (int k = 0; k < 6; ++k) settings.setInt(ids[k], numbers[k]);
+    saveSettings();
+    UserDialogs::information(this, "Program font",
+                             "The font \"%s\" at %d points is used from the next start of the "
+                             "program.",
+                             fields[0].c_str(), numbers[0] / 10);
     return 1;
 }

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "MainWindowFixture.h"
+#include "ReadWriteUserSpectra.h"
 
 namespace fs = std::filesystem;
 
@@ -315,5 +316,41 @@ TEST_F(MainWindow, ThePhotonFluxTipFollowsThe400To700Limit) {
     EXPECT_NE(std::string(gui->getResultTip("umol/s").text()).find("400 - 700 nm"),
               std::string::npos);
     EXPECT_NE(std::string(gui->getResultTip("umol/J (spec)").text()).find("400 - 700 nm"),
+              std::string::npos);
+}
+
+TEST_F(MainWindow, ReferenceColourFilesAndTheProgramFontOfTheOtherOptionsMenu) {
+    gui->onCmdWrite_RQ_UserColors(nullptr, FXSEL(SEL_COMMAND, VantrelGUI::ID_WRITE_R_COLORS),
+                                  nullptr);
+    gui->onCmdWriteCESColorsToFile(nullptr, FXSEL(SEL_COMMAND, VantrelGUI::ID_WRITE_CES_DATA),
+                                   nullptr);
+    std::vector<ledTypeStruct> read(20);
+    const ReadWriteUserSpectra library(true, true, 0, read.data(),
+                                       (folder / "R_values.cols").string(), LIBRARY_COLORS);
+    EXPECT_FALSE(library.getError()) << library.getErrorMessage();
+    ASSERT_EQ(library.getNumUserData(), 15);
+    EXPECT_STREQ(read[0].name, "R1");
+    EXPECT_NEAR(read[0].spectrum[70], 0.223, 1e-3);  // CIE 13.3 TCS01 at 500 nm
+    std::ifstream ces(folder / "CES_data.xls");
+    std::string first;
+    std::getline(ces, first);
+    EXPECT_EQ(first, "1 - Nature");
+
+    // A font face and size the dialog returns is kept and used from the next start.
+    script.forms.push_back({"DejaVu Sans", "120", "400", "2", "0", "0", "0"});
+    gui->onCmdProgramFont(nullptr, 0, nullptr);
+    EXPECT_EQ(gui->getSettings().getString("programFontDescription.face"), "DejaVu Sans");
+    gui->onCmdQuit(nullptr, 0, nullptr);
+    close();
+    open();
+    FXFontDesc desc;
+    guiTestApp()->getNormalFont()->getFontDesc(desc);
+    EXPECT_STREQ(desc.face, "DejaVu Sans");
+    EXPECT_EQ(desc.size, 120u);
+    // A face left empty is refused and changes nothing.
+    script.forms.push_back({"", "90", "400", "2", "0", "0", "0"});
+    gui->onCmdProgramFont(nullptr, 0, nullptr);
+    EXPECT_EQ(gui->getSettings().getString("programFontDescription.face"), "DejaVu Sans");
+    EXPECT_NE(boxes().find("Font error: Please choose a font face of 6 to 24 points."),
               std::string::npos);
 }
