@@ -129,7 +129,8 @@ std::string cesDataText() {
     text += "Sample type\t";
     for (int type : types) text += ValueFormat::format("%d\t", type);
     text += "\nWavelength (nm)\t";
-    for (std::size_t k = 0; k < rows.size(); ++k) text += ValueFormat::format("CES%02d\t", int(k) + 1);
+    for (std::size_t k = 0; k < rows.size(); ++k)
+        text += ValueFormat::format("CES%02d\t", int(k) + 1);
     text += "\n";
     for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
         text += ValueFormat::format("%.0lf\t", 360.0 + 2.0 * i);
@@ -143,8 +144,8 @@ bool writeCESData(const std::string& path) { return writeFileAtomically(path, ce
 
 std::vector<ledTypeStruct> referenceColourEntries(ReferenceColours which) {
     const std::vector<std::vector<double>> rows = referenceRows(which, nullptr);
-    const char* prefix = which == ReferenceColours::CRI_SAMPLES   ? "R"
-                         : which == ReferenceColours::CQS_SAMPLES ? "Q"
+    const char* prefix = which == ReferenceColours::CRI_SAMPLES     ? "R"
+                         : which == ReferenceColours::CQS_SAMPLES   ? "Q"
                          : which == ReferenceColours::COLOR_CHECKER ? "CC"
                                                                     : "CES";
     std::vector<ledTypeStruct> entries(rows.size());

@@ -57,11 +57,12 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_SPECTRUM_ZOOM, VantrelGUI::onCmdResetSpectrumZoom),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_CIE_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_HORSESHOE, VantrelGUI::onCmdWriteHorseShoeData),
-    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_R_COLORS, VantrelGUI::ID_WRITE_COLOR_CHECKER_COLORS,
-               VantrelGUI::onCmdWrite_RQ_UserColors),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_R_COLORS,
+               VantrelGUI::ID_WRITE_COLOR_CHECKER_COLORS, VantrelGUI::onCmdWrite_RQ_UserColors),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_CES_COLORS, VantrelGUI::ID_WRITE_CES_DATA,
                VantrelGUI::onCmdWriteCESColorsToFile),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PROGRAM_FONT, VantrelGUI::onCmdProgramFont),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PICK_MATCHING_CURVE, VantrelGUI::onCmdPickMatchingCurve),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_GAMUTS, VantrelGUI::onCmdWriteGamutData),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_SPECTRUM_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
@@ -129,9 +130,10 @@ constexpr int DEFAULT_WINDOW_W = 1000, DEFAULT_WINDOW_H = 800;
 // face of FONT_FACES the display has.
 FXFont* makeProgramFont(FXApp* app, const std::string& settingsFile) {
     ProgramSettings stored;
-    const std::string face = stored.read(settingsFile, true).status == ProgramSettings::ReadStatus::OK
-                                 ? stored.getString(OptionId::programFontDescription_face)
-                                 : std::string();
+    const std::string face =
+        stored.read(settingsFile, true).status == ProgramSettings::ReadStatus::OK
+            ? stored.getString(OptionId::programFontDescription_face)
+            : std::string();
     if (!face.empty()) {
         FXFontDesc desc;
         std::memset(&desc, 0, sizeof(desc));
@@ -271,6 +273,7 @@ void VantrelGUI::settingsToWidgets() {
     enableDisableLEDchecks();
     setTabColors();
     set_umol_sW_tooltip();
+    showMatchingCurveTitle();
 }
 
 void VantrelGUI::widgetsToSettings() {

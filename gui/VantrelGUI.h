@@ -94,6 +94,7 @@ class VantrelGUI : public FXMainWindow {
         ID_WRITE_CES_COLORS,
         ID_WRITE_CES_DATA,
         ID_PROGRAM_FONT,
+        ID_PICK_MATCHING_CURVE,
         ID_WRITE_GAMUTS,
         ID_OPEN_USER_FILE,
         ID_WRITE_FILE,
@@ -162,6 +163,7 @@ class VantrelGUI : public FXMainWindow {
     long onCmdWrite_RQ_UserColors(FXObject*, FXSelector, void*);
     long onCmdWriteCESColorsToFile(FXObject*, FXSelector, void*);
     long onCmdProgramFont(FXObject*, FXSelector, void*);
+    long onCmdPickMatchingCurve(FXObject*, FXSelector, void*);
     long onCmdWriteGamutData(FXObject*, FXSelector, void*);
     long onCmdOpenUserFile(FXObject*, FXSelector, void*);
     long onCmdWriteFile(FXObject*, FXSelector, void*);
@@ -228,9 +230,13 @@ class VantrelGUI : public FXMainWindow {
     void clickLedCheck(int row, bool shift);
     // Runs the standard illuminant of this index (25: all of them) as its menu entry does.
     void runStandardIlluminant(int index);
-    // The Gaussian spectrum of the dialog, put into the 360 to 830 nm table and calculated.
-    void generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
-                          bool save);
+    // The Gaussian spectrum of the dialog, put into the 360 to 830 nm table and calculated;
+    // with save it is added to the user spectra. False when the user kept the table's data.
+    bool generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
+                          bool save, bool askBeforeReplacing = true);
+    // Saves the whole automatic set of Gaussian peaks (autoGaussianPeaks) to the user spectra,
+    // for the peak generator; returns how many were made.
+    int autoGenerateGaussianPeaks();
     FXTabBook* getResultTabs() const { return resultTabs; }
     FXCanvas* getCIECanvas() const { return ciePlotCanvas; }
     FXCanvas* getSpectrumCanvas() const { return spectrumPlotCanvas; }
@@ -399,6 +405,11 @@ class VantrelGUI : public FXMainWindow {
     CIE_PlotInput ciePlotInput() const;
     void drawCIE_Plot(bool reset);
     // Passes the points and options to the diagram; true when its range was set anew.
+    // Makes a spectrum the matching curve: matching mode on, the third column of the 2 nm table
+    // filled in the input units, and its name as the curve's title.
+    void useAsMatchingCurve(const ledTypeStruct& spectrum);
+    // The Matching menu's picker shows the matching curve's title, "Unknown" without one.
+    void showMatchingCurveTitle();
     // Writes a reference set as a colour library of the program folder, or shows why not.
     void writeReferenceColours(ReferenceColours which, const char* name);
     bool prepareCIE_Plot(bool reset);

@@ -224,7 +224,7 @@ void VantrelGUI::buildMenus() {
         check("Matching mode", "enableMatchingMenuItem"),
         check("Plot normalized data", "normalizeMatchingPlots"),
         cmd("Clear matching spectrum data", ID_CLEAR_MATCHING_DATA),
-        cmd("Unknown"),
+        cmd("Unknown", ID_PICK_MATCHING_CURVE),
         check("Plot spectrum difference", "plotMatchDifferenceMenuItem"),
         cmd("Enter title for matching curve...", ID_MATCHING_CURVE_TITLE)};
     addMenu("Matching", matching, std::size(matching));

@@ -197,8 +197,7 @@ TEST_F(MainWindowPlots, BordersTheUserDraggedComeBackAtTheNextStart) {
     gui->onCmdPlotSplitter(plotsAbove, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER), nullptr);
     canvas->setWidth(320);
     plotsBeside->layout();
-    gui->onCmdPlotSplitter(plotsBeside, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER),
-                           nullptr);
+    gui->onCmdPlotSplitter(plotsBeside, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER), nullptr);
     gui->onCmdQuit(nullptr, 0, nullptr);
     close();
     open();
