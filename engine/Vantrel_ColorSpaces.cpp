@@ -112,33 +112,33 @@ double Vantrel::get_dE_star_from_CIELab(double L1, double a1, double b1, double 
 // ---------------------------------------------------------------------------------------------
 // CIEDE2000 (CIE 142; Sharma, Wu and Dalal 2005, equations 1 to 22)
 
-void Vantrel::get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double L2, double a2,
-                                        double b2, double kL, double kC, double kH,
-                                        double* /*spare1*/, double* /*spare2*/, double* SL,
-                                        double* SC, double* SH, double* dL, double* dC, double* dH,
-                                        double* dE, FILE* trace) {
+CIEDE2000Terms Vantrel::ciede2000(const CIELab& first, const CIELab& second,
+                                  const CIEDE2000Weights& k) {
+    CIEDE2000Terms t;
+    const double L1 = first.L, a1 = first.a, b1 = first.b;
+    const double L2 = second.L, a2 = second.a, b2 = second.b;
     // a* is stretched for near-neutral colours to correct the blue-region hue non-linearity.
-    const double C1 = std::sqrt(a1 * a1 + b1 * b1);
-    const double C2 = std::sqrt(a2 * a2 + b2 * b2);
-    const double Cmean = 0.5 * (C1 + C2);
+    t.C1 = std::sqrt(a1 * a1 + b1 * b1);
+    t.C2 = std::sqrt(a2 * a2 + b2 * b2);
+    const double Cmean = 0.5 * (t.C1 + t.C2);
     const double Cmean7 = std::pow(Cmean, 7.0);
-    const double G = 0.5 * (1.0 - std::sqrt(Cmean7 / (Cmean7 + k25Pow7)));
-    const double ap1 = (1.0 + G) * a1;
-    const double ap2 = (1.0 + G) * a2;
-    const double Cp1 = std::sqrt(ap1 * ap1 + b1 * b1);
-    const double Cp2 = std::sqrt(ap2 * ap2 + b2 * b2);
-    const double hp1 = hueDegrees(ap1, b1);
-    const double hp2 = hueDegrees(ap2, b2);
+    t.G = 0.5 * (1.0 - std::sqrt(Cmean7 / (Cmean7 + k25Pow7)));
+    t.ap1 = (1.0 + t.G) * a1;
+    t.ap2 = (1.0 + t.G) * a2;
+    t.Cp1 = std::sqrt(t.ap1 * t.ap1 + b1 * b1);
+    t.Cp2 = std::sqrt(t.ap2 * t.ap2 + b2 * b2);
+    t.hp1 = hueDegrees(t.ap1, b1);
+    t.hp2 = hueDegrees(t.ap2, b2);
 
     // Hue difference the short way round the circle; its sign cancels in ΔE.
-    const double rawDh = hp1 - hp2;
+    const double rawDh = t.hp1 - t.hp2;
     double dh = rawDh;
     if (dh > 180.0) dh -= 360.0;
     if (dh < -180.0) dh += 360.0;
 
     // Mean hue: for a neutral colour the hue is undefined (0) and the sum stands for the mean.
-    const double CpProduct = Cp1 * Cp2;
-    const double hueSum = hp1 + hp2;
+    const double CpProduct = t.Cp1 * t.Cp2;
+    const double hueSum = t.hp1 + t.hp2;
     double hMean;
     if (std::fabs(CpProduct) < kHueTiny) {
         hMean = hueSum;
@@ -148,42 +148,56 @@ void Vantrel::get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double 
         hMean = 0.5 * hueSum;
     }
 
-    *dL = L1 - L2;
-    *dC = Cp1 - Cp2;
-    *dH = 2.0 * std::sqrt(CpProduct) * std::sin(0.5 * dh * kDeg);
+    t.dL = L1 - L2;
+    t.dC = t.Cp1 - t.Cp2;
+    t.dH = 2.0 * std::sqrt(CpProduct) * std::sin(0.5 * dh * kDeg);
 
     const double Lmean = 0.5 * (L1 + L2);
-    const double Cpmean = 0.5 * (Cp1 + Cp2);
+    const double Cpmean = 0.5 * (t.Cp1 + t.Cp2);
     const double L50 = (Lmean - 50.0) * (Lmean - 50.0);
-    const double T =
-        1.0 - 0.17 * std::cos((hMean - 30.0) * kDeg) + 0.24 * std::cos(2.0 * hMean * kDeg) +
-        0.32 * std::cos((3.0 * hMean + 6.0) * kDeg) - 0.20 * std::cos((4.0 * hMean - 63.0) * kDeg);
-    *SL = 1.0 + 0.015 * L50 / std::sqrt(20.0 + L50);
-    *SC = 1.0 + 0.045 * Cpmean;
-    *SH = 1.0 + 0.015 * Cpmean * T;
+    t.T = 1.0 - 0.17 * std::cos((hMean - 30.0) * kDeg) + 0.24 * std::cos(2.0 * hMean * kDeg) +
+          0.32 * std::cos((3.0 * hMean + 6.0) * kDeg) -
+          0.20 * std::cos((4.0 * hMean - 63.0) * kDeg);
+    t.SL = 1.0 + 0.015 * L50 / std::sqrt(20.0 + L50);
+    t.SC = 1.0 + 0.045 * Cpmean;
+    t.SH = 1.0 + 0.015 * Cpmean * t.T;
 
     // Rotation term for the tilted blue ellipses, centred on hue 275°.
     const double hz = (hMean - 275.0) / 25.0;
-    const double dTheta = 30.0 * std::exp(-hz * hz);
+    t.dTheta = 30.0 * std::exp(-hz * hz);
     const double Cpmean7 = std::pow(Cpmean, 7.0);
-    const double RC = 2.0 * std::sqrt(Cpmean7 / (Cpmean7 + k25Pow7));
-    const double RT = -std::sin(2.0 * dTheta * kDeg) * RC;
+    t.RC = 2.0 * std::sqrt(Cpmean7 / (Cpmean7 + k25Pow7));
+    t.RT = -std::sin(2.0 * t.dTheta * kDeg) * t.RC;
 
-    const double tL = *dL / (kL * *SL);
-    const double tC = *dC / (kC * *SC);
-    const double tH = *dH / (kH * *SH);
-    *dE = std::sqrt(tL * tL + tC * tC + tH * tH + RT * tC * tH);
+    t.tL = t.dL / (k.kL * t.SL);
+    t.tC = t.dC / (k.kC * t.SC);
+    t.tH = t.dH / (k.kH * t.SH);
+    t.dE = std::sqrt(t.tL * t.tL + t.tC * t.tC + t.tH * t.tH + t.RT * t.tC * t.tH);
+    return t;
+}
 
-    if (trace != nullptr) {
-        // L, a, b, C of each colour; C′ of each; G; h′ of each; a′ of each; SL, SC, SH, T, RC,
-        // RT, Δθ; the three scaled differences; ΔE.
-        const double fields[] = {L1,  a1,  b1,  C1,  L2,  a2, b2, C2, Cp1,    Cp2, G,  hp1, hp2,
-                                 ap1, ap2, *SL, *SC, *SH, T,  RC, RT, dTheta, tL,  tC, tH,  *dE};
-        const int n = static_cast<int>(sizeof(fields) / sizeof(fields[0]));
-        for (int i = 0; i < n; ++i) {
-            std::fprintf(trace, i + 1 < n ? "%.6le\t" : "%.6le\n", fields[i]);
-        }
-    }
+void Vantrel::writeCIEDE2000Trace(FILE* trace, const CIELab& first, const CIELab& second,
+                                  const CIEDE2000Terms& t) {
+    // L, a, b, C of each colour; C′ of each; G; h′ of each; a′ of each; SL, SC, SH, T, RC, RT,
+    // Δθ; the three scaled differences; ΔE.
+    const double fields[] = {first.L,  first.a, first.b, t.C1, second.L, second.a, second.b,
+                             t.C2,     t.Cp1,   t.Cp2,   t.G,  t.hp1,    t.hp2,    t.ap1,
+                             t.ap2,    t.SL,    t.SC,    t.SH, t.T,      t.RC,     t.RT,
+                             t.dTheta, t.tL,    t.tC,    t.tH, t.dE};
+    const int n = static_cast<int>(sizeof(fields) / sizeof(fields[0]));
+    for (int i = 0; i < n; ++i) std::fprintf(trace, i + 1 < n ? "%.6le\t" : "%.6le\n", fields[i]);
+}
+
+void Vantrel::get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double L2, double a2,
+                                        double b2, double kL, double kC, double kH,
+                                        double* /*spare1*/, double* /*spare2*/, double* SL,
+                                        double* SC, double* SH, double* dL, double* dC, double* dH,
+                                        double* dE, FILE* trace) {
+    const CIELab first{L1, a1, b1}, second{L2, a2, b2};
+    const CIEDE2000Terms t = ciede2000(first, second, CIEDE2000Weights{kL, kC, kH});
+    *SL = t.SL, *SC = t.SC, *SH = t.SH;
+    *dL = t.dL, *dC = t.dC, *dH = t.dH, *dE = t.dE;
+    if (trace != nullptr) writeCIEDE2000Trace(trace, first, second, t);
 }
 
 void Vantrel::get_CIEDE2000_from_XYZ(int /*index*/, double X1, double Y1, double Z1, double X2,

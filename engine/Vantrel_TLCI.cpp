@@ -116,8 +116,7 @@ void normalizeAt560(double* s) {
 
 // The three camera signals of one patch: three sum3Products_5nm, bit for bit, in one pass so
 // the three running sums overlap instead of waiting on each other.
-void cameraSignals(const double* s, const double* patch, const double (&camera)[3][kN],
-                   double* out) {
+void cameraSignals(const double* s, const double* patch, const double (*camera)[kN], double* out) {
     double sum[3];
     const int e = kN - 1;
     for (int c = 0; c < 3; ++c) {
@@ -266,7 +265,226 @@ void Vantrel::buildTLCIReference(const VantrelData& data, Reference* r) {
 }
 
 // ---------------------------------------------------------------------------------------------
-// Qa
+// Qa, in steps: the two luminaires, the camera and display, the score, the hue sectors, and the
+// trace written from what the steps kept.
+
+namespace {
+// The shared tables one evaluation reads.
+struct TlciTables {
+    const double* S0;
+    const double* S1;
+    const double* S2;
+    const double (*camera)[kN];
+    const double (*patch)[kN];
+    double Xn, Yn, Zn;
+};
+
+// Everything one evaluation computes, for the score, the figures and the trace.
+struct TlciRun {
+    double s[2][kN];  // test [0] and reference [1] luminaire on the 5 nm grid
+    Stages st[kPatches][2];
+    double whiteMatrixed[2][3];  // each luminaire's colour as the camera sees it
+    bool gamut[kPatches];
+    CIELab lab[kScored][2];
+    CIEDE2000Terms terms[kScored];
+    double Qa;
+    int sectorOf[kScored];
+};
+
+// The test luminaire and its reference (given, or by CCT: Planck below 3400 K, daylight above
+// 5000 K, a mix in CCT between), each relative to 560 nm.
+void luminaires(const TlciTables& t, const double* spectrum, const double* reference, double cct,
+                double (&s)[2][kN]) {
+    bool blended = false;
+    if (reference != nullptr) {
+        Vantrel::convert2nmTo5nm_TLCI(reference, s[1]);
+    } else if (cct < kPlanckBelow) {
+        Vantrel::blackBody_TLCI(cct, s[1]);
+    } else if (cct > kDaylightAbove) {
+        Vantrel::getSyntheticDaylight_TLCI(t.S0, t.S1, t.S2, s[1], cct);
+    } else {
+        // Fixed end spectra, each relative to 560 nm, mixed linearly in CCT.
+        double d5000[kN], p3400[kN];
+        Vantrel::getSyntheticDaylight_TLCI(t.S0, t.S1, t.S2, d5000, kDaylightAbove);
+        Vantrel::blackBody_TLCI(kPlanckBelow, p3400);
+        const double f = (cct - kPlanckBelow) / (kDaylightAbove - kPlanckBelow);
+        for (int i = 0; i < kN; ++i) {
+            s[1][i] = f * d5000[i] / d5000[k560nm] + (1.0 - f) * p3400[i] / p3400[k560nm];
+        }
+        blended = true;
+    }
+    Vantrel::convert2nmTo5nm_TLCI(spectrum, s[0]);
+    if (!blended) {
+        normalizeAt560(s[0]);
+        normalizeAt560(s[1]);
+    }
+}
+
+// The camera signals of every patch, balanced on the white patch, through the matrix (a patch
+// outside 0..1 is clipped and, when scored, out of gamut), and on to the display and XYZ. The
+// unscored patches go past the matrix only when displays are wanted.
+void cameraAndDisplay(const TlciTables& t, bool wantsDisplays, TlciRun* run) {
+    double white[2][3];
+    for (int p = 0; p < kPatches; ++p) {
+        for (int j = 0; j < 2; ++j) {
+            cameraSignals(run->s[j], t.patch[p], t.camera, run->st[p][j].raw);
+            if (p == kWhitePatch) std::memcpy(white[j], run->st[p][j].raw, sizeof(white[j]));
+        }
+    }
+    for (int j = 0; j < 2; ++j) {
+        Vantrel::cameraMatrix(white[j][0], white[j][1], white[j][2], &run->whiteMatrixed[j][0],
+                              &run->whiteMatrixed[j][1], &run->whiteMatrixed[j][2]);
+    }
+    for (int p = 0; p < kPatches; ++p) {
+        for (int j = 0; j < 2; ++j) {
+            Stages& st = run->st[p][j];
+            for (int c = 0; c < 3; ++c) st.balanced[c] = st.raw[c] / white[j][c];
+            Vantrel::cameraMatrix(st.balanced[0], st.balanced[1], st.balanced[2], &st.matrixed[0],
+                                  &st.matrixed[1], &st.matrixed[2]);
+            // Set for each luminaire in turn, so the reference's verdict is the one kept: a
+            // patch the reference itself cannot show is not held against the test.
+            run->gamut[p] = true;
+            bool outside = false;
+            for (double v : st.matrixed) outside = outside || v > 1.0 || v < 0.0;
+            if (outside) {
+                if (p < kScored) run->gamut[p] = false;
+                for (int c = 0; c < 3; ++c) Vantrel::forceIntoGamut(&st.matrixed[c]);
+            }
+            if (p >= kScored && !wantsDisplays) continue;
+            Vantrel::saturation_TLCI(st.matrixed[0], st.matrixed[1], st.matrixed[2],
+                                     &st.saturated[0], &st.saturated[1], &st.saturated[2]);
+            for (int c = 0; c < 3; ++c) {
+                Vantrel::get_RpcGpcBpc_TLCI(st.saturated[c], &st.encoded[c]);
+                st.display[c] = std::pow(st.encoded[c], kDisplayGamma);
+            }
+            Vantrel::XYZ_from_display_TLCI(st.display[0], st.display[1], st.display[2], &st.XYZ[0],
+                                           &st.XYZ[1], &st.XYZ[2]);
+        }
+    }
+}
+
+// CIEDE2000 of each scored patch against the display white, and Qa from the fourth-power mean
+// of the patches in gamut (TLCI_FAILED when none is).
+void score(const TlciTables& t, TlciRun* run) {
+    double sum = 0.0;
+    int count = 0;
+    for (int p = 0; p < kScored; ++p) {
+        for (int j = 0; j < 2; ++j) {
+            const double* XYZ = run->st[p][j].XYZ;
+            CIELab& lab = run->lab[p][j];
+            Vantrel::get_CIELab_from_XYZ(XYZ[0], XYZ[1], XYZ[2], t.Xn, t.Yn, t.Zn, &lab.L, &lab.a,
+                                         &lab.b);
+        }
+        run->terms[p] = Vantrel::ciede2000(run->lab[p][0], run->lab[p][1],
+                                           CIEDE2000Weights{kCIEDE2000k, kCIEDE2000k, kCIEDE2000k});
+        if (run->gamut[p]) {
+            const double d2 = run->terms[p].dE * run->terms[p].dE;
+            sum += d2 * d2;
+            ++count;
+        }
+    }
+    run->Qa = count > 0 ? qualityOf(std::pow(sum / count, 0.25)) : Vantrel::TLCI_FAILED;
+}
+
+// The correction each 30° hue sector of the test needs: the mean scaled dL, dC, dH of its
+// patches in gamut, a gap between two filled sectors taking their mean, shown truncated within
+// ±15 with the sign turned (reference minus test), otherwise unknown.
+void hueSectors(TlciRun* run, int** sectors) {
+    int redHue = 0;
+    Vantrel::getHueSector_TLCI_2012(1.0, 0.0, 0.0, &redHue);
+    int inSector[kSectors] = {};
+    double sums[kSectors][3] = {};
+    bool unknown = run->Qa == Vantrel::TLCI_FAILED;
+    for (int p = 0; p < kScored; ++p) {
+        const double* d = run->st[p][0].display;
+        const int sector = Vantrel::getHueSector_TLCI_2012(d[0], d[1], d[2], &redHue);
+        run->sectorOf[p] = sector;
+        if (sector < 0 || sector >= kSectors) {
+            unknown = true;
+            continue;
+        }
+        if (!run->gamut[p]) continue;
+        ++inSector[sector];
+        sums[sector][0] += run->terms[p].tL;
+        sums[sector][1] += run->terms[p].tC;
+        sums[sector][2] += run->terms[p].tH;
+    }
+    double value[kSectors][3];
+    for (int k = 0; k < kSectors; ++k) {
+        for (int c = 0; c < 3; ++c) {
+            value[k][c] = inSector[k] == 0 ? kSectorEmpty
+                                           : kSectorGain * sums[k][c] / inSector[k] / kDeltaEScale;
+        }
+    }
+    for (int k = 0; k < kSectors; ++k) {
+        const int before = (k + kSectors - 1) % kSectors;
+        const int after = (k + 1) % kSectors;
+        if (inSector[k] != 0 || inSector[before] == 0 || inSector[after] == 0) continue;
+        for (int c = 0; c < 3; ++c) value[k][c] = 0.5 * (value[before][c] + value[after][c]);
+    }
+    for (int k = 0; k < kSectors; ++k) {
+        for (int c = 0; c < 3; ++c) {
+            // Outside ±15 (or not a number) the sector is unknown; the test comes before the
+            // truncation to int so that it stays defined.
+            const double d = value[k][c];
+            const int v = std::fabs(d) < kSectorLimit + 1 ? static_cast<int>(d) : kSectorUnknown;
+            sectors[k][c] = unknown ? Vantrel::getUnknown_TLCI_2012() : -v;
+        }
+    }
+}
+
+// The tab-separated trace: both spectra, the white point and the white as the camera sees it
+// under each luminaire, every stage and colour-difference term of each scored patch, Qa, and
+// with the sectors each patch's sector and quality.
+void writeTrace(FILE* trace, const TlciTables& t, const TlciRun& run, bool withSectors) {
+    std::fprintf(trace,
+                 "nm\tspectrum[t]\tspectrum[r]\t\tt = test spectrum\t\tr = reference spectrum\n");
+    for (int i = 0; i < kN; ++i) {
+        std::fprintf(trace, "%d\t%.6le\t%.6le\n", static_cast<int>(kFirstNm + kStepNm * i),
+                     run.s[0][i], run.s[1][i]);
+    }
+    std::fprintf(trace, "\nWhite point\tXw\tYw\tZw\tRm[t]\tGm[t]\tBm[t]\tRm[r]\tGm[r]\tBm[r]\n");
+    std::fprintf(trace, "\t%.6le\t%.6le\t%.6le", t.Xn, t.Yn, t.Zn);
+    for (int j = 0; j < 2; ++j) {
+        for (int c = 0; c < 3; ++c) std::fprintf(trace, "\t%.6le", run.whiteMatrixed[j][c]);
+    }
+    std::fprintf(trace, "\n\n%s\n", kColourHeader);
+    for (int p = 0; p < kScored; ++p) {
+        const Stages& te = run.st[p][0];
+        const Stages& re = run.st[p][1];
+        std::fprintf(trace, "%d\t", p + 1);
+        const double* cells[] = {te.raw,      re.raw,      te.matrixed,  re.matrixed,
+                                 te.balanced, re.balanced, te.saturated, re.saturated,
+                                 te.encoded,  re.encoded,  te.display,   re.display};
+        for (const double* v : cells) {
+            for (int c = 0; c < 3; ++c) std::fprintf(trace, "%.6le\t", v[c]);
+        }
+        for (const Stages* st : {&te, &re}) {
+            double x, y;
+            Vantrel::get_xy_XYZ(st->XYZ[0], st->XYZ[1], st->XYZ[2], &x, &y);
+            for (double v : {st->XYZ[0], st->XYZ[1], st->XYZ[2], x, y})
+                std::fprintf(trace, "%.6le\t", v);
+        }
+        Vantrel::writeCIEDE2000Trace(trace, run.lab[p][0], run.lab[p][1], run.terms[p]);
+    }
+    std::fprintf(trace, "\n\nQa =\t%.6le", run.Qa);
+    if (withSectors) {
+        std::fprintf(trace, "\n\nColor\tSector\tdE*\tQ");
+        for (int p = 0; p < kScored; ++p) {
+            std::fprintf(trace, "\n%d\t", p + 1);
+            if (!run.gamut[p]) {
+                std::fprintf(trace, "out of gamut\tout of gamut\tout of gamut");
+                continue;
+            }
+            char name[4];
+            Vantrel::getTLCI_2012_hue_name_4_char(run.sectorOf[p], name);
+            std::fprintf(trace, "%c%c%c\t%.6le\t%.4lf", name[0], name[1], name[2], run.terms[p].dE,
+                         qualityOf(run.terms[p].dE));
+        }
+    }
+    std::fprintf(trace, "\n");
+}
+}  // namespace
 
 double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
                                 double cctIn) const {
@@ -278,209 +496,26 @@ double Vantrel::getQa_TLCI_2012(const double* spectrum, const double* reference,
                                 double** R, double** G, double** B, double* referenceOut,
                                 int** sectors, bool* inGamut, FILE* trace) const {
     const Reference& shared = *ref;
-    const double* S0 = shared.tlciS0;
-    const double* S1 = shared.tlciS1;
-    const double* S2 = shared.tlciS2;
-    const double(&camera)[3][kN] = shared.tlciCamera;
-    const double(&patch)[kPatches][kN] = shared.tlciPatch;
-    const double Xn = shared.tlciXn, Yn = shared.tlciYn, Zn = shared.tlciZn;
+    const TlciTables tables{shared.tlciS0,    shared.tlciS1, shared.tlciS2, shared.tlciCamera,
+                            shared.tlciPatch, shared.tlciXn, shared.tlciYn, shared.tlciZn};
+    TlciRun run;
+    luminaires(tables, spectrum, reference, cctIn, run.s);
+    const bool wantsRGB = R != nullptr && G != nullptr && B != nullptr;
+    cameraAndDisplay(tables, wantsRGB || trace != nullptr, &run);
+    score(tables, &run);
+    if (sectors != nullptr) hueSectors(&run, sectors);
 
-    // Row 0 the test luminaire, row 1 the reference.
-    double s[2][kN];
-    bool blended = false;
-    if (reference != nullptr) {
-        convert2nmTo5nm_TLCI(reference, s[1]);
-    } else if (cctIn < kPlanckBelow) {
-        blackBody_TLCI(cctIn, s[1]);
-    } else if (cctIn > kDaylightAbove) {
-        getSyntheticDaylight_TLCI(S0, S1, S2, s[1], cctIn);
-    } else {
-        // Fixed end spectra, each relative to 560 nm, mixed linearly in CCT.
-        double d5000[kN], p3400[kN];
-        getSyntheticDaylight_TLCI(S0, S1, S2, d5000, kDaylightAbove);
-        blackBody_TLCI(kPlanckBelow, p3400);
-        const double f = (cctIn - kPlanckBelow) / (kDaylightAbove - kPlanckBelow);
-        for (int i = 0; i < kN; ++i) {
-            s[1][i] = f * d5000[i] / d5000[k560nm] + (1.0 - f) * p3400[i] / p3400[k560nm];
-        }
-        blended = true;
-    }
-    convert2nmTo5nm_TLCI(spectrum, s[0]);
-    if (!blended) {
-        normalizeAt560(s[0]);
-        normalizeAt560(s[1]);
-    }
-    if (referenceOut != nullptr) std::memcpy(referenceOut, s[1], sizeof(s[1]));
-
-    if (trace != nullptr) {
-        std::fprintf(trace,
-                     "nm\tspectrum[t]\tspectrum[r]\t\tt = test spectrum\t\tr = reference "
-                     "spectrum\n");
-        for (int i = 0; i < kN; ++i) {
-            std::fprintf(trace, "%d\t%.6le\t%.6le\n", static_cast<int>(kFirstNm + kStepNm * i),
-                         s[0][i], s[1][i]);
-        }
-    }
-
-    // Camera: raw signals of every patch, the white patch giving the balance of each luminaire.
-    // The trace shows the white's raw signals through the matrix, the luminaire's colour as the
-    // camera sees it.
-    Stages st[kPatches][2];
-    double white[2][3];
-    for (int p = 0; p < kPatches; ++p) {
+    if (referenceOut != nullptr) std::memcpy(referenceOut, run.s[1], sizeof(run.s[1]));
+    if (inGamut != nullptr) std::memcpy(inGamut, run.gamut, sizeof(run.gamut));
+    if (wantsRGB) {
         for (int j = 0; j < 2; ++j) {
-            cameraSignals(s[j], patch[p], camera, st[p][j].raw);
-            if (p == kWhitePatch) std::memcpy(white[j], st[p][j].raw, sizeof(white[j]));
-        }
-    }
-    double whiteMatrixed[2][3];
-    for (int j = 0; j < 2; ++j) {
-        cameraMatrix(white[j][0], white[j][1], white[j][2], &whiteMatrixed[j][0],
-                     &whiteMatrixed[j][1], &whiteMatrixed[j][2]);
-    }
-
-    const bool wantsDisplays = (R != nullptr && G != nullptr && B != nullptr) || trace != nullptr;
-    bool gamut[kPatches];
-    for (int p = 0; p < kPatches; ++p) {
-        for (int j = 0; j < 2; ++j) {
-            Stages& t = st[p][j];
-            for (int c = 0; c < 3; ++c) t.balanced[c] = t.raw[c] / white[j][c];
-            cameraMatrix(t.balanced[0], t.balanced[1], t.balanced[2], &t.matrixed[0],
-                         &t.matrixed[1], &t.matrixed[2]);
-            // Set for each luminaire in turn, so the reference's verdict is the one kept: a
-            // patch the reference itself cannot show is not held against the test.
-            gamut[p] = true;
-            bool outside = false;
-            for (double v : t.matrixed) outside = outside || v > 1.0 || v < 0.0;
-            if (outside) {
-                if (p < kScored) gamut[p] = false;
-                for (int c = 0; c < 3; ++c) forceIntoGamut(&t.matrixed[c]);
-            }
-            // The unscored patches only feed the displays and the trace.
-            if (p >= kScored && !wantsDisplays) continue;
-            saturation_TLCI(t.matrixed[0], t.matrixed[1], t.matrixed[2], &t.saturated[0],
-                            &t.saturated[1], &t.saturated[2]);
-            for (int c = 0; c < 3; ++c) {
-                get_RpcGpcBpc_TLCI(t.saturated[c], &t.encoded[c]);
-                t.display[c] = std::pow(t.encoded[c], kDisplayGamma);
-            }
-            XYZ_from_display_TLCI(t.display[0], t.display[1], t.display[2], &t.XYZ[0], &t.XYZ[1],
-                                  &t.XYZ[2]);
-            if (R != nullptr && G != nullptr && B != nullptr) {
-                R[j][p] = t.encoded[0];
-                G[j][p] = t.encoded[1];
-                B[j][p] = t.encoded[2];
+            for (int p = 0; p < kPatches; ++p) {
+                R[j][p] = run.st[p][j].encoded[0];
+                G[j][p] = run.st[p][j].encoded[1];
+                B[j][p] = run.st[p][j].encoded[2];
             }
         }
     }
-
-    if (trace != nullptr) {
-        std::fprintf(trace,
-                     "\nWhite point\tXw\tYw\tZw\tRm[t]\tGm[t]\tBm[t]\tRm[r]\tGm[r]\tBm[r]\n");
-        std::fprintf(trace, "\t%.6le\t%.6le\t%.6le", Xn, Yn, Zn);
-        for (int j = 0; j < 2; ++j) {
-            for (int c = 0; c < 3; ++c) std::fprintf(trace, "\t%.6le", whiteMatrixed[j][c]);
-        }
-        std::fprintf(trace, "\n\n%s\n", kColourHeader);
-    }
-
-    // Colour differences; get_CIEDE2000_from_XYZ ends each trace row with its own fields.
-    double dE[kScored], dLs[kScored], dCs[kScored], dHs[kScored];
-    double sum = 0.0;
-    int count = 0;
-    for (int p = 0; p < kScored; ++p) {
-        const Stages& t = st[p][0];
-        const Stages& r = st[p][1];
-        if (trace != nullptr) {
-            std::fprintf(trace, "%d\t", p + 1);
-            const double* cells[] = {t.raw,      r.raw,      t.matrixed,  r.matrixed,
-                                     t.balanced, r.balanced, t.saturated, r.saturated,
-                                     t.encoded,  r.encoded,  t.display,   r.display};
-            for (const double* v : cells) {
-                for (int c = 0; c < 3; ++c) std::fprintf(trace, "%.6le\t", v[c]);
-            }
-        }
-        double SL, SC, SH, dL, dC, dH;
-        get_CIEDE2000_from_XYZ(p, t.XYZ[0], t.XYZ[1], t.XYZ[2], r.XYZ[0], r.XYZ[1], r.XYZ[2], Xn,
-                               Yn, Zn, kCIEDE2000k, kCIEDE2000k, kCIEDE2000k, &SL, &SC, &SH, &dL,
-                               &dC, &dH, &dE[p], trace);
-        dLs[p] = dL / (kCIEDE2000k * SL);
-        dCs[p] = dC / (kCIEDE2000k * SC);
-        dHs[p] = dH / (kCIEDE2000k * SH);
-        if (gamut[p]) {
-            const double d2 = dE[p] * dE[p];
-            sum += d2 * d2;
-            ++count;
-        }
-    }
-
-    double Qa = TLCI_FAILED;
-    if (count > 0) Qa = qualityOf(std::pow(sum / count, 0.25));
-    if (inGamut != nullptr) std::memcpy(inGamut, gamut, sizeof(gamut));
-    if (trace != nullptr) std::fprintf(trace, "\n\nQa =\t%.6le", Qa);
-
-    if (sectors != nullptr) {
-        int redHue = 0;
-        getHueSector_TLCI_2012(1.0, 0.0, 0.0, &redHue);
-        int sectorOf[kScored];
-        int inSector[kSectors] = {};
-        double sums[kSectors][3] = {};
-        bool unknown = Qa == TLCI_FAILED;
-        for (int p = 0; p < kScored; ++p) {
-            const double* d = st[p][0].display;
-            sectorOf[p] = getHueSector_TLCI_2012(d[0], d[1], d[2], &redHue);
-            if (sectorOf[p] < 0 || sectorOf[p] >= kSectors) {
-                unknown = true;
-                continue;
-            }
-            if (!gamut[p]) continue;
-            ++inSector[sectorOf[p]];
-            sums[sectorOf[p]][0] += dLs[p];
-            sums[sectorOf[p]][1] += dCs[p];
-            sums[sectorOf[p]][2] += dHs[p];
-        }
-        double value[kSectors][3];
-        for (int k = 0; k < kSectors; ++k) {
-            for (int c = 0; c < 3; ++c) {
-                value[k][c] = inSector[k] == 0
-                                  ? kSectorEmpty
-                                  : kSectorGain * sums[k][c] / inSector[k] / kDeltaEScale;
-            }
-        }
-        // A gap between two filled sectors takes their mean.
-        for (int k = 0; k < kSectors; ++k) {
-            const int before = (k + kSectors - 1) % kSectors;
-            const int after = (k + 1) % kSectors;
-            if (inSector[k] != 0 || inSector[before] == 0 || inSector[after] == 0) continue;
-            for (int c = 0; c < 3; ++c) value[k][c] = 0.5 * (value[before][c] + value[after][c]);
-        }
-        // Shown truncated, within ±15 and with the sign turned (reference minus test): the
-        // correction the test rendering needs.
-        for (int k = 0; k < kSectors; ++k) {
-            for (int c = 0; c < 3; ++c) {
-                // Outside ±15 (or not a number) the sector is unknown; the test comes before
-                // the truncation to int so that it stays defined.
-                const double d = value[k][c];
-                const int v =
-                    std::fabs(d) < kSectorLimit + 1 ? static_cast<int>(d) : kSectorUnknown;
-                sectors[k][c] = unknown ? getUnknown_TLCI_2012() : -v;
-            }
-        }
-        if (trace != nullptr) {
-            std::fprintf(trace, "\n\nColor\tSector\tdE*\tQ");
-            for (int p = 0; p < kScored; ++p) {
-                std::fprintf(trace, "\n%d\t", p + 1);
-                if (!gamut[p]) {
-                    std::fprintf(trace, "out of gamut\tout of gamut\tout of gamut");
-                    continue;
-                }
-                char name[4];
-                getTLCI_2012_hue_name_4_char(sectorOf[p], name);
-                std::fprintf(trace, "%c%c%c\t%.6le\t%.4lf", name[0], name[1], name[2], dE[p],
-                             qualityOf(dE[p]));
-            }
-        }
-    }
-    if (trace != nullptr) std::fprintf(trace, "\n");
-    return Qa;
+    if (trace != nullptr) writeTrace(trace, tables, run, sectors != nullptr);
+    return run.Qa;
 }
