@@ -113,7 +113,9 @@ TEST(ReferenceDataFiles, ReferenceColoursBecomeNamedLibraryEntries) {
         ASSERT_EQ(entries.size(), c.count);
         EXPECT_STREQ(entries.front().name, c.first);
         EXPECT_STREQ(entries.back().name, c.last);
-        if (c.firstAt500 > 0) EXPECT_NEAR(entries.front().spectrum[70], c.firstAt500, 1e-6);
+        if (c.firstAt500 > 0) {
+            EXPECT_NEAR(entries.front().spectrum[70], c.firstAt500, 1e-6);
+        }
         for (const ledTypeStruct& e : entries) {
             const double* end = e.spectrum + Vantrel::NUM_GRID_POINTS;
             EXPECT_GT(*std::max_element(e.spectrum, end), 0.0) << e.name;
