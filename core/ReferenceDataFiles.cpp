@@ -7,6 +7,7 @@
 
 #include "FileText.h"
 #include "GamutClass.h"
+#include "Grid.h"
 #include "ValueFormat.h"
 #include "Vantrel.h"
 #include "VantrelData.h"
@@ -67,7 +68,7 @@ std::vector<double> onTwoNanometreGrid(const std::vector<double>& fiveNm) {
     std::vector<double> out(Vantrel::NUM_GRID_POINTS);
     const double last = static_cast<double>(fiveNm.size() - 1);
     for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
-        const double at = std::clamp((360.0 + 2.0 * i - 380.0) / 5.0, 0.0, last);
+        const double at = std::clamp((grid::nm(i) - 380.0) / 5.0, 0.0, last);
         const std::size_t k = std::min(static_cast<std::size_t>(at), fiveNm.size() - 2);
         const double f = at - static_cast<double>(k);
         out[i] = fiveNm[k] + f * (fiveNm[k + 1] - fiveNm[k]);
@@ -133,7 +134,7 @@ std::string cesDataText() {
         text += ValueFormat::format("CES%02d\t", int(k) + 1);
     text += "\n";
     for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
-        text += ValueFormat::format("%.0lf\t", 360.0 + 2.0 * i);
+        text += ValueFormat::format("%.0lf\t", grid::nm(i));
         for (const std::vector<double>& row : rows) text += ValueFormat::format("%.6le\t", row[i]);
         text += "\n";
     }

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "Grid.h"
 #include "Vantrel.h"
 #include "data/VantrelTables.h"
 
@@ -16,11 +17,9 @@ namespace tables = lumivar_tables;
 
 namespace {
 
-constexpr int kGridStartNm = 360;
-constexpr int kGridStepNm = 2;
 constexpr int kNoLimitNm = -1;
 
-constexpr int gridNm(int i) { return kGridStartNm + kGridStepNm * i; }
+constexpr int gridNm(int i) { return static_cast<int>(grid::nm(i)); }
 
 // Value of `column` at `nm` in a table whose column 0 holds a regular wavelength grid: the row
 // itself on the table's grid, linear between rows, 0 outside the table.
@@ -117,7 +116,7 @@ void blackBodyLine(const double* xbar, const double* ybar, const double* zbar, i
         const double kelvin = kBlackBodyFirstK + kBlackBodyStepK * k;
         double X = 0.0, Y = 0.0, Z = 0.0;
         for (int i = 0; i < VantrelData::NUM_GRID; ++i) {
-            const double m = 3.6e-7 + i * 2e-9;
+            const double m = grid::metres(i);
             const double s = kBlackBodyScale / (std::pow(m, 5) * (std::exp(kC2 / kelvin / m) - 1));
             // The engine's end-point rule: every point once, plus half of each end point.
             const double w = (i == 0 || i == VantrelData::NUM_GRID - 1) ? 1.5 * s : s;
@@ -251,8 +250,8 @@ void VantrelData::define_FCI_colors(int n, double** colors) const {
     for (int c = 0; c < count; ++c) {
         for (int r = 0; r < rows; ++r) value[r] = tables::kFci4Colours5nm[r][1 + c];
         // Area-preserving: the 379-381 nm cell is half covered by data starting at 380 nm.
-        Vantrel::resampleSpectrum(rows, wl, value, kGridStartNm, 830, kGridStepNm, nullptr,
-                                  colors[c]);
+        Vantrel::resampleSpectrum(rows, wl, value, grid::FIRST_NM, grid::LAST_NM, grid::STEP_NM,
+                                  nullptr, colors[c]);
     }
 }
 

@@ -3,6 +3,7 @@
 // ratio, the equivalent melanopic lux ratio, and lumens through an eye curve reaching 1050 nm.
 #include <cmath>
 
+#include "Grid.h"
 #include "VantrelState.h"
 
 namespace {
@@ -10,7 +11,6 @@ namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 // Lumens from Y: 683 lm/W times the 2 nm step.
 constexpr double kLumensPerY = 1366.0;
-constexpr double kGridStepNm = 2.0;
 // Below this a response integral counts as absent.
 constexpr double kTinyIntegral = 1e-12;
 constexpr double kMinLux = 0.001;
@@ -135,10 +135,10 @@ CircadianSums circadianSums(const Vantrel& engine, const VantrelData& data, cons
     engine.cie_XYZ(2, spectrum, nullptr, &X, &Y, &Z, &x, &y);
     CircadianSums sums;
     sums.L = kLumensPerY * Y;
-    sums.mc = kGridStepNm * Vantrel::sum2Products(spectrum, Mc);
-    sums.s = kGridStepNm * Vantrel::sum2Products(spectrum, S);
-    sums.v = kGridStepNm * Vantrel::sum2Products(spectrum, V);
-    sums.vPrime = kGridStepNm * Vantrel::sum2Products(spectrum, vPrime);
+    sums.mc = grid::STEP_NM * Vantrel::sum2Products(spectrum, Mc);
+    sums.s = grid::STEP_NM * Vantrel::sum2Products(spectrum, S);
+    sums.v = grid::STEP_NM * Vantrel::sum2Products(spectrum, V);
+    sums.vPrime = grid::STEP_NM * Vantrel::sum2Products(spectrum, vPrime);
     return sums;
 }
 }  // namespace

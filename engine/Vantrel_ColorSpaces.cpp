@@ -5,11 +5,11 @@
 #include <cstdio>
 
 #include "ColorMatrices.h"
+#include "Grid.h"
 #include "Vantrel.h"
 
 namespace {
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kDeg = kPi / 180.0;
+constexpr double kDeg = angle::DEG_TO_RAD;
 
 // CIE 15 CIELAB break point, (6/29)³, and the offset 16/116 of the linear segment. The
 // constants are kept at the precision the stored Lab results were made with.
@@ -385,7 +385,7 @@ void Vantrel::linearInterpolateTo2nm(int n, const double* wl, const double* valu
     std::fill(out, out + outN, 0.0);
     int j = 0;
     for (int k = 0; k < outN; ++k) {
-        const double w = 360.0 + 2.0 * k;
+        const double w = grid::nm(k);
         while (j < n - 2 && wl[j + 1] + kBracketTol < w) ++j;
         if (j + 1 >= n) break;
         if (w < wl[j] - kBracketTol || w > wl[j + 1] + kBracketTol) continue;
@@ -436,7 +436,7 @@ double Vantrel::getPeakCentroid(const double* spectrum) {
         moment += m * (i + 0.5);
         area += m;
     }
-    return 360.0 + 2.0 * moment / area;
+    return grid::FIRST_NM + grid::STEP_NM * moment / area;
 }
 
 void Vantrel::convolute(const double* a, int na, const double* kernel, int nk, double* out) {

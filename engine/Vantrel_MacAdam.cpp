@@ -8,6 +8,7 @@
 
 namespace {
 
+// Pi and its multiples to 15 digits, as the ellipse tables were computed.
 constexpr double kPi = 3.14159265358979;
 constexpr double kTwoPi = 6.28318530717958;
 constexpr double kHalfPi = 1.570796326794895;

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <vector>
 
+#include "Grid.h"
 #include "VantrelState.h"
 
 namespace {
@@ -18,7 +19,7 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 // The engine grid in nm, for resampling.
 std::vector<double> gridWavelengths() {
     std::vector<double> wl(N);
-    for (int i = 0; i < N; ++i) wl[i] = 360.0 + 2.0 * i;
+    for (int i = 0; i < N; ++i) wl[i] = grid::nm(i);
     return wl;
 }
 
