@@ -9,34 +9,33 @@
 #include "Vantrel.h"
 
 namespace {
-constexpr double kDeg = angle::DEG_TO_RAD;
 
 // CIE 15 CIELAB break point, (6/29)³, and the offset 16/116 of the linear segment. The
 // constants are kept at the precision the stored Lab results were made with.
-constexpr double kLabEpsilon = 0.00885645;
-constexpr double kLabOffset = 0.13793103448275862;
-constexpr double kLabSlope = 7.787;
+constexpr double LAB_EPSILON = 0.00885645;
+constexpr double LAB_OFFSET = 0.13793103448275862;
+constexpr double LAB_SLOPE = 7.787;
 // Reverse: below L* of about 8 the linear segment Y/Yn = L*/κ with κ rounded to 903. The
 // break and κ are kept as rounded; with them L* just below 8 does not round-trip exactly.
-constexpr double kLabBreakL = 7.9996247999999985;
-constexpr double kLabKappa = 903.0;
+constexpr double LAB_BREAK_L = 7.9996247999999985;
+constexpr double LAB_KAPPA = 903.0;
 
 // 25⁷: chromas well above 25 get no a* stretch (G → 0) and the full blue rotation (RC → 2).
 constexpr double k25Pow7 = 6103515625.0;
-constexpr double kHueTiny = 1e-6;
+constexpr double HUE_TINY = 1e-6;
 
 // Planck constant times the speed of light, h·c in J·m; a photon of λ nm carries
 // h·c / (λ·1e-9) joules.
-constexpr double kPlanckTimesLight = 1.9864456832693028e-25;
+constexpr double PLANCK_TIMES_LIGHT = 1.9864456832693028e-25;
 
-constexpr double kGreyTiny = 1e-6;
-constexpr double kThird = 0.3333333333333333;
-constexpr double kSixth = 0.16666666666666666;
-constexpr double kTwoThirds = 0.6666666666666666;
+constexpr double GREY_TINY = 1e-6;
+constexpr double THIRD = 0.3333333333333333;
+constexpr double SIXTH = 0.16666666666666666;
+constexpr double TWO_THIRDS = 0.6666666666666666;
 
 double hueDegrees(double a, double b) {
-    if (std::fabs(a) < kHueTiny && std::fabs(b) < kHueTiny) return 0.0;
-    double h = std::atan2(b, a) / kDeg;
+    if (std::fabs(a) < HUE_TINY && std::fabs(b) < HUE_TINY) return 0.0;
+    double h = std::atan2(b, a) / angle::DEG_TO_RAD;
     if (h < 0.0) h += 360.0;
     return h;
 }
@@ -61,14 +60,14 @@ double hexconeHue(double r, double g, double b, double max, double chroma) {
 // CIELAB (CIE 15)
 
 double Vantrel::varFunction(double t) {
-    if (t > kLabEpsilon) return std::pow(t, 0.33333333333333);
-    return kLabSlope * t + kLabOffset;
+    if (t > LAB_EPSILON) return std::pow(t, 0.33333333333333);
+    return LAB_SLOPE * t + LAB_OFFSET;
 }
 
 double Vantrel::varFunction_1(double t) {
     const double cube = t * t * t;
-    if (cube > kLabEpsilon) return cube;
-    return (t - kLabOffset) / kLabSlope;
+    if (cube > LAB_EPSILON) return cube;
+    return (t - LAB_OFFSET) / LAB_SLOPE;
 }
 
 void Vantrel::get_CIELab_from_XYZ(double X, double Y, double Z, double Xn, double Yn, double Zn,
@@ -84,8 +83,8 @@ void Vantrel::get_CIELab_from_XYZ(double X, double Y, double Z, double Xn, doubl
 void Vantrel::get_XYZ_from_CIELab(double L, double a, double b, double Xn, double Yn, double Zn,
                                   double* X, double* Y, double* Z) {
     double y;
-    if (L < kLabBreakL) {
-        y = L / kLabKappa;
+    if (L < LAB_BREAK_L) {
+        y = L / LAB_KAPPA;
     } else {
         const double fy = (16.0 + L) / 116.0;
         y = fy * fy * fy;
@@ -140,7 +139,7 @@ CIEDE2000Terms Vantrel::ciede2000(const CIELab& first, const CIELab& second,
     const double CpProduct = t.Cp1 * t.Cp2;
     const double hueSum = t.hp1 + t.hp2;
     double hMean;
-    if (std::fabs(CpProduct) < kHueTiny) {
+    if (std::fabs(CpProduct) < HUE_TINY) {
         hMean = hueSum;
     } else if (std::fabs(rawDh) > 180.0) {
         hMean = 0.5 * (hueSum < 360.0 ? hueSum + 360.0 : hueSum - 360.0);
@@ -150,14 +149,15 @@ CIEDE2000Terms Vantrel::ciede2000(const CIELab& first, const CIELab& second,
 
     t.dL = L1 - L2;
     t.dC = t.Cp1 - t.Cp2;
-    t.dH = 2.0 * std::sqrt(CpProduct) * std::sin(0.5 * dh * kDeg);
+    t.dH = 2.0 * std::sqrt(CpProduct) * std::sin(0.5 * dh * angle::DEG_TO_RAD);
 
     const double Lmean = 0.5 * (L1 + L2);
     const double Cpmean = 0.5 * (t.Cp1 + t.Cp2);
     const double L50 = (Lmean - 50.0) * (Lmean - 50.0);
-    t.T = 1.0 - 0.17 * std::cos((hMean - 30.0) * kDeg) + 0.24 * std::cos(2.0 * hMean * kDeg) +
-          0.32 * std::cos((3.0 * hMean + 6.0) * kDeg) -
-          0.20 * std::cos((4.0 * hMean - 63.0) * kDeg);
+    t.T = 1.0 - 0.17 * std::cos((hMean - 30.0) * angle::DEG_TO_RAD) +
+          0.24 * std::cos(2.0 * hMean * angle::DEG_TO_RAD) +
+          0.32 * std::cos((3.0 * hMean + 6.0) * angle::DEG_TO_RAD) -
+          0.20 * std::cos((4.0 * hMean - 63.0) * angle::DEG_TO_RAD);
     t.SL = 1.0 + 0.015 * L50 / std::sqrt(20.0 + L50);
     t.SC = 1.0 + 0.045 * Cpmean;
     t.SH = 1.0 + 0.015 * Cpmean * t.T;
@@ -167,7 +167,7 @@ CIEDE2000Terms Vantrel::ciede2000(const CIELab& first, const CIELab& second,
     t.dTheta = 30.0 * std::exp(-hz * hz);
     const double Cpmean7 = std::pow(Cpmean, 7.0);
     t.RC = 2.0 * std::sqrt(Cpmean7 / (Cpmean7 + k25Pow7));
-    t.RT = -std::sin(2.0 * t.dTheta * kDeg) * t.RC;
+    t.RT = -std::sin(2.0 * t.dTheta * angle::DEG_TO_RAD) * t.RC;
 
     t.tL = t.dL / (k.kL * t.SL);
     t.tC = t.dC / (k.kC * t.SC);
@@ -242,17 +242,17 @@ void Vantrel::RGBtoHSV(double r, double g, double b, double* h, double* s, doubl
     const double min = std::min({r, g, b});
     const double chroma = max - min;
     *v = max;
-    if (max < kGreyTiny) {
+    if (max < GREY_TINY) {
         *s = 0.0;
         *h = -1.0;
         return;
     }
     *s = chroma / max;
-    *h = chroma < kGreyTiny ? 0.0 : hexconeHue(r, g, b, max, chroma);
+    *h = chroma < GREY_TINY ? 0.0 : hexconeHue(r, g, b, max, chroma);
 }
 
 void Vantrel::HSVtoRGB(double h, double s, double v, double* r, double* g, double* b) {
-    if (s < kGreyTiny) {
+    if (s < GREY_TINY) {
         *r = *g = *b = v;
         return;
     }
@@ -280,12 +280,12 @@ void Vantrel::RGBtoHSL(double r, double g, double b, double* h, double* s, doubl
     const double min = std::min({r, g, b});
     const double chroma = max - min;
     *l = 0.5 * (max + min);
-    if (*l < kGreyTiny) {
+    if (*l < GREY_TINY) {
         *s = 0.0;
         *h = -1.0;
         return;
     }
-    if (chroma < kGreyTiny) {
+    if (chroma < GREY_TINY) {
         *s = 0.0;
         *h = 0.0;
         return;
@@ -297,23 +297,23 @@ void Vantrel::RGBtoHSL(double r, double g, double b, double* h, double* s, doubl
 double Vantrel::HueToRgb(double p, double q, double t) {
     if (t < 0.0) t += 1.0;
     if (t > 1.0) t -= 1.0;
-    if (t < kSixth) return p + (q - p) * 6.0 * t;
+    if (t < SIXTH) return p + (q - p) * 6.0 * t;
     if (t < 0.5) return q;
-    if (t < kTwoThirds) return p + (q - p) * (kTwoThirds - t) * 6.0;
+    if (t < TWO_THIRDS) return p + (q - p) * (TWO_THIRDS - t) * 6.0;
     return p;
 }
 
 void Vantrel::HSLtoRGB(double h, double s, double l, double* r, double* g, double* b) {
-    if (s < kGreyTiny) {
+    if (s < GREY_TINY) {
         *r = *g = *b = l;
         return;
     }
     const double q = l < 0.5 ? l * (1.0 + s) : l + s - l * s;
     const double p = 2.0 * l - q;
     const double t = h / 360.0;
-    *r = HueToRgb(p, q, t + kThird);
+    *r = HueToRgb(p, q, t + THIRD);
     *g = HueToRgb(p, q, t);
-    *b = HueToRgb(p, q, t - kThird);
+    *b = HueToRgb(p, q, t - THIRD);
 }
 
 void Vantrel::HSVtoHSL(double h, double s, double v, double* hOut, double* sOut, double* l) {
@@ -369,11 +369,11 @@ void Vantrel::getCxCyFromMix(int n, const double* x, const double* y, const doub
 }
 
 double Vantrel::convert_to_Photons_Sec_from_Watts_nm(double watts, double nm) {
-    return watts / (kPlanckTimesLight / (nm * 1e-9));
+    return watts / (PLANCK_TIMES_LIGHT / (nm * 1e-9));
 }
 
 double Vantrel::convert_to_Watts_nm_from_Photons_Sec(double photons, double nm) {
-    return photons * (kPlanckTimesLight / (nm * 1e-9));
+    return photons * (PLANCK_TIMES_LIGHT / (nm * 1e-9));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -381,14 +381,14 @@ double Vantrel::convert_to_Watts_nm_from_Photons_Sec(double photons, double nm) 
 
 void Vantrel::linearInterpolateTo2nm(int n, const double* wl, const double* value, int outN,
                                      double* out) {
-    constexpr double kBracketTol = 0.0001;  // nm; lets 5 nm rows land exactly on the grid
+    constexpr double BRACKET_TOL = 0.0001;  // nm; lets 5 nm rows land exactly on the grid
     std::fill(out, out + outN, 0.0);
     int j = 0;
     for (int k = 0; k < outN; ++k) {
         const double w = grid::nm(k);
-        while (j < n - 2 && wl[j + 1] + kBracketTol < w) ++j;
+        while (j < n - 2 && wl[j + 1] + BRACKET_TOL < w) ++j;
         if (j + 1 >= n) break;
-        if (w < wl[j] - kBracketTol || w > wl[j + 1] + kBracketTol) continue;
+        if (w < wl[j] - BRACKET_TOL || w > wl[j + 1] + BRACKET_TOL) continue;
         const double span = wl[j + 1] - wl[j];
         if (span == 0.0) continue;
         out[k] = value[j] + (w - wl[j]) * (value[j + 1] - value[j]) / span;
