@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "GetMonitorColors.h"
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -40,12 +41,7 @@ std::vector<double> readTrace(FILE* f) {
 
 // Gaussian of height 1 on the 2 nm grid from 360 nm.
 std::vector<double> gaussian(int n, double centre, double sigma) {
-    std::vector<double> s(n);
-    for (int i = 0; i < n; ++i) {
-        const double d = (360.0 + 2.0 * i - centre) / sigma;
-        s[i] = std::exp(-0.5 * d * d);
-    }
-    return s;
+    return testutil::gaussianSpectrum(centre, sigma, 1.0, n);
 }
 }  // namespace
 

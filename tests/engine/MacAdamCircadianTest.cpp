@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -133,18 +134,10 @@ TEST(UpVpSteps, OnePointCountsAsZeroButTwoPointsAreMeasured) {
 
 // --- Circadian ------------------------------------------------------------------------------
 
-std::vector<double> planck(double T) {
-    std::vector<double> s(GRID);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+std::vector<double> planck(double T) { return testutil::planckSpectrum(T, GRID); }
 
 // Narrow band at nm: a Gaussian of 10 nm sigma on the grid.
-std::vector<double> band(double nm) {
-    std::vector<double> s(GRID);
-    for (int i = 0; i < GRID; ++i) s[i] = std::exp(-0.5 * std::pow((360.0 + 2 * i - nm) / 10, 2));
-    return s;
-}
+std::vector<double> band(double nm) { return testutil::gaussianSpectrum(nm, 10.0, 1.0, GRID); }
 
 // The solver stops within 0.0005·CS in lux; the CS it reaches is far closer than 0.5 %.
 constexpr double CS_REL_TOL = 0.005;

@@ -10,29 +10,17 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 #include "VantrelData.h"
 
 namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 using Spectrum = std::vector<double>;
-const std::string DATA_DIR = std::string(LUMIVAR_TEST_DATA_DIR) + "/cie_illuminants/";
 
-// A CIE illuminant table ("#" comments, a header, then nm and value) on the engine's grid.
 Spectrum loadIlluminant(const std::string& file) {
-    std::ifstream in(DATA_DIR + file);
-    std::vector<double> wl, value;
-    std::string line;
-    while (std::getline(in, line)) {
-        double nm, v;
-        if (line.empty() || line[0] == '#' || !(std::istringstream(line) >> nm >> v)) continue;
-        wl.push_back(nm);
-        value.push_back(v);
-    }
-    Spectrum out(N);
-    EXPECT_TRUE(Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), value.data(), 360,
-                                          830, 2, nullptr, out.data()))
-        << file;
+    Spectrum out = testutil::loadCIEIlluminant(file);
+    EXPECT_EQ(out.size(), static_cast<std::size_t>(N)) << file;
     return out;
 }
 
@@ -45,11 +33,7 @@ Spectrum line(double nm) {
     return s;
 }
 
-Spectrum planck(double T) {
-    Spectrum s(N);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+Spectrum planck(double T) { return testutil::planckSpectrum(T); }
 
 Spectrum daylight(const Vantrel& v, double T) {
     Spectrum s(N);

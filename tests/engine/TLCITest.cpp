@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -37,27 +38,9 @@ Spectrum gaussians(const std::vector<std::vector<double>>& peaks) {
     return s;
 }
 
-Spectrum planck(double T) {
-    Spectrum s(N);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+Spectrum planck(double T) { return testutil::planckSpectrum(T); }
 
-// A CIE table ('#' lines, then "nm<TAB>value") resampled to the 2 nm grid.
-Spectrum illuminant(const std::string& file) {
-    std::ifstream in(DATA_DIR + "cie_illuminants/" + file);
-    std::vector<double> wl, v;
-    std::string line;
-    while (std::getline(in, line)) {
-        std::istringstream row(line);
-        double a, b;
-        if (line[0] != '#' && row >> a >> b) wl.push_back(a), v.push_back(b);
-    }
-    Spectrum s(N);
-    Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), v.data(), 360, 830, 2,
-                              nullptr, s.data());
-    return s;
-}
+Spectrum illuminant(const std::string& file) { return testutil::loadCIEIlluminant(file); }
 
 // "gauss:h,nm,sigma;..." or a file name.
 Spectrum spectrumOf(const std::string& name) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -35,18 +36,8 @@ std::vector<double> referenceSpectrum(const Vantrel& v, double cct) {
 
 // A CIE illuminant table ("#" comments, a header, then nm and value) on the program's grid.
 std::vector<double> loadIlluminant(const std::string& file) {
-    std::ifstream in(DATA_DIR + "cie_illuminants/" + file);
-    std::vector<double> wl, value, out(N);
-    std::string line;
-    while (std::getline(in, line)) {
-        double nm, v;
-        if (line.empty() || line[0] == '#' || !(std::istringstream(line) >> nm >> v)) continue;
-        wl.push_back(nm);
-        value.push_back(v);
-    }
-    EXPECT_TRUE(Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), value.data(), 360,
-                                          830, 2, nullptr, out.data()))
-        << file;
+    std::vector<double> out = testutil::loadCIEIlluminant(file);
+    EXPECT_EQ(out.size(), static_cast<std::size_t>(N)) << file;
     return out;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -15,11 +16,7 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 
 int gridIndex(double nm) { return static_cast<int>((nm - 360.0) / 2.0 + 0.5); }
 
-std::vector<double> blackBody(double T) {
-    std::vector<double> s(N);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+std::vector<double> blackBody(double T) { return testutil::planckSpectrum(T); }
 }  // namespace
 
 TEST(VantrelObserver, OutOfRangeIndexSelectsTheCie1931Observer) {
