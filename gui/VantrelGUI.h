@@ -328,6 +328,8 @@ class VantrelGUI : public FXMainWindow {
     void layoutFieldsTab(FXTabBook* book, const char* title, const std::vector<int>& fields,
                          int columns, int labelWidth, int fieldWidth);
     void setTabColors();
+    // The result field of this name (outputFieldIndex), null for an unknown name.
+    FXTextField* resultField(const char* name) const;
     void set_umol_sW_tooltip();
     FXMenuPane* addMenu(const char* title, const MenuItemDef* items, int count);
 

@@ -475,7 +475,7 @@ void VantrelGUI::showOutcome() {
                               ? "TM-30-18 is only defined for Duv < +/- 0.1."
                               : "IES TM-30-18 color fidelity and gamut.";
     for (int index = 65; index <= 67; ++index) resultFields[index]->setTipText(tm30Tip);
-    FXWindow* maxDeltaEBox = resultFields[57]->getParent();
+    FXWindow* maxDeltaEBox = resultField("max dE*")->getParent();
     if (lastOutcome.mix.binningOn) {
         maxDeltaEBox->show();
     } else {

@@ -44,23 +44,30 @@ void VantrelGUI::layoutFieldsTab(FXTabBook* book, const char* title, const std::
     }
 }
 
+FXTextField* VantrelGUI::resultField(const char* name) const {
+    // Fields are named as the result tables name them; a name that is not there is a fault.
+    const int index = outputFieldIndex(name);
+    return index >= 0 ? resultFields[index] : nullptr;
+}
+
 void VantrelGUI::layoutMainResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
     layoutFieldsTab(book, "Main", fieldRange(0, 32), 4, labelWidth, fieldWidth);
-    resultFields[1]->setTipText(FXString().format(
-        "Visible watts (calculated in the range of %.0lf - %.0lf nm).", FIRST_NM, LAST_NM));
-    resultFields[4]->setTipText(
+    resultField("Vis watt")
+        ->setTipText(FXString().format(
+            "Visible watts (calculated in the range of %.0lf - %.0lf nm).", FIRST_NM, LAST_NM));
+    resultField("LER")->setTipText(
         FXString().format("Luminous Efficacy of Radiation\nLumens per visible watt (calculated "
                           "in the range of %.0lf - %.0lf nm).",
                           FIRST_NM, LAST_NM));
-    resultFields[5]->setTipText("Total LPW (wall-plug watts not visible or optical).");
-    resultFields[6]->setTipText("Electrical input watts (calculated from the total LPW).");
-    resultFields[7]->setTipText(
+    resultField("LPW")->setTipText("Total LPW (wall-plug watts not visible or optical).");
+    resultField("Elec. W")->setTipText("Electrical input watts (calculated from the total LPW).");
+    resultField("Ext. lm")->setTipText(
         FXString().format("Extended lumens are the lumens with the eye sensitivity curve "
                           "extended down to %.0lf nm.\nThis is used with IR sources.",
                           FIRST_NM));
-    resultFields[27]->setTipText("Distance to the black body locus in CIE 1960 u-v space.");
-    resultFields[28]->setTipText("Distance to the black body locus in CIE 1976 u'-v' space.");
-    resultFields[29]->setTipText("Photon flux per electrical watt (from the total LPW).");
+    resultField("Duv")->setTipText("Distance to the black body locus in CIE 1960 u-v space.");
+    resultField("Du'v'")->setTipText("Distance to the black body locus in CIE 1976 u'-v' space.");
+    resultField("umol/J (wp)")->setTipText("Photon flux per electrical watt (from the total LPW).");
     set_umol_sW_tooltip();
 }
 
@@ -82,8 +89,8 @@ void VantrelGUI::set_umol_sW_tooltip() {
 void VantrelGUI::layoutTM30ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
     layoutFieldsTab(book, "TM-30", joined({fieldRange(65, 83), {149, 150}}), 4, labelWidth,
                     fieldWidth);
-    resultFields[149]->setTipText("Green over red response of a tungsten (3200K) film.");
-    resultFields[150]->setTipText("Green over red response of a daylight film.");
+    resultField("W (G/R)")->setTipText("Green over red response of a tungsten (3200K) film.");
+    resultField("D (G/R)")->setTipText("Green over red response of a daylight film.");
 }
 
 void VantrelGUI::layoutTM30_p2_ResultsTab(FXTabBook* book, int labelWidth, int fieldWidth) {
@@ -100,24 +107,24 @@ void VantrelGUI::layoutCQSResultsTab(FXTabBook* book, int labelWidth, int fieldW
     // "max dE*" stands last: it is hidden outside binning runs and leaves no hole there.
     layoutFieldsTab(book, "CQS", joined({fieldRange(33, 56), fieldRange(58, 64), {57}}), 4,
                     labelWidth, fieldWidth);
-    resultFields[37]->setTipText(
+    resultField("GA CRI")->setTipText(
         "Gamut area of the R1-R8 colors in the chosen diagram, times 100000.");
-    resultFields[38]->setTipText(
+    resultField("GA CQS")->setTipText(
         "Gamut area of the Q1-Q15 colors in the chosen diagram, times 100000.");
-    resultFields[58]->setTipText("Watts of the blue peak (\"Subtract blue peak\").");
-    resultFields[59]->setTipText("Watts left after the blue peak is subtracted.");
-    resultFields[60]->setTipText(FXString().format(
+    resultField("Blue watts")->setTipText("Watts of the blue peak (\"Subtract blue peak\").");
+    resultField("Phos watts")->setTipText("Watts left after the blue peak is subtracted.");
+    resultField("Total W")->setTipText(FXString().format(
         "Total watts (calculated in the range of %.0lf - %.0lf nm).", FIRST_NM, 1050.0));
-    resultFields[64]->setTipText("Cyanosis Observation Index, defined from 3300K to 5300K.");
+    resultField("COI")->setTipText("Cyanosis Observation Index, defined from 3300K to 5300K.");
     // The Monte Carlo spread shows only in binning runs.
-    resultFields[57]->getParent()->hide();
+    resultField("max dE*")->getParent()->hide();
 }
 
 void VantrelGUI::layoutResultsTab4(FXTabBook* book, int labelWidth, int fieldWidth) {
     // Two wide columns: the gamut-area labels are long.
     layoutFieldsTab(book, "10\u00B0 && more", fieldRange(116, 148), 2, labelWidth + 80,
                     fieldWidth + 80);
-    resultFields[143]->setTipText("Photons per second over the whole spectrum.");
+    resultField("Photons/s")->setTipText("Photons per second over the whole spectrum.");
 }
 
 void VantrelGUI::setTabColors() {
