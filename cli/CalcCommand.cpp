@@ -3,12 +3,16 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <istream>
 #include <ostream>
 
 #include "AppConstants.h"
 #include "CalculateModel.h"
 #include "DesignCalc.h"
+#include "DesignCalculation.h"
+#include "PhotometryFiles.h"
+#include "ProgramSettings.h"
 #include "ReadSpectraFile.h"
 #include "ResultFields.h"
 #include "SpectrumFile.h"
@@ -19,6 +23,40 @@
 namespace {
 
 constexpr const char* STDIN_NAME = "-";
+
+// The photometry files of --photometry DIR: each spectrum is calculated as the window's direct
+// input calculates it, with the default options, and appended by the window's own code.
+struct PhotometrySink {
+    std::string textFile;  // DIR/photometry.txt
+    ProgramSettings settings;
+    OutputField fields[NUM_OUTPUT_FIELDS];
+    int order[NUM_OUTPUT_FIELDS] = {};
+    PhotometryFileState state;
+    bool failed = false;
+};
+PhotometrySink* photometrySink = nullptr;  // set for the length of runCalc
+
+// Appends one spectrum; a file that can't be written is reported once.
+void appendPhotometry(const std::string& row, const double* grid, std::ostream& err) {
+    PhotometrySink& sink = *photometrySink;
+    CalculateModel model;
+    const CalculateOutcome outcome =
+        model.calculateSpectrum(grid, mixSettingsFromOptions(sink.settings, 1),
+                                fieldFormatFromOptions(sink.settings));
+    PhotometryRun run = photometryRunFromSettings(outcome, sink.settings);
+    run.name = row;
+    run.title = "Direct spectrum input\n" + row + "\n";
+    std::string failedFile;
+    // The state is appended to: the first spectrum starts both files anew, as the window's
+    // first Calculate does.
+    if (!appendPhotometryFiles(sink.textFile, run,
+                               sink.settings.getBool("writeAllToPhotometryExcelMenuItem"),
+                               sink.fields, sink.order, sink.state, &failedFile) &&
+        !sink.failed) {
+        sink.failed = true;
+        err << CLI_PROGRAM_NAME << ": " << photometryWriteErrorText(failedFile) << '\n';
+    }
+}
 
 int usageError(std::ostream& err, const std::string& message) {
     err << CLI_PROGRAM_NAME << ": " << message << '\n' << calcUsage();
@@ -84,6 +122,7 @@ bool printResults(const std::string& row, const double* grid, int observer, doub
         return false;
     }
     printRow(out, row, printedFields(results), precise);
+    if (photometrySink != nullptr) appendPhotometry(row, grid, err);
     return true;
 }
 
@@ -171,12 +210,14 @@ const char* cliUsage() {
            "Commands:\n"
            "  calc     results of spectrum files, one table row per spectrum\n"
            "  convert  spectra of any readable file as a table or into a user library\n"
+           "  check-update  ask the version server whether a newer version exists\n"
            "\n"
            "Run 'lumivar-cli calc --help' for the options of calc.\n";
 }
 
 const char* calcUsage() {
-    return "Usage: lumivar-cli calc [--observer 0|1|2|3] [--precise] [FILE ...]\n"
+    return "Usage: lumivar-cli calc [--observer 0|1|2|3] [--precise] [--photometry DIR] "
+           "[FILE ...]\n"
            "       lumivar-cli calc [--precise] [--folder DIR] --design FILE.vtd ...\n"
            "\n"
            "Prints the main results of each spectrum FILE as a tab-separated table: a header\n"
@@ -191,6 +232,10 @@ const char* calcUsage() {
            "                1 CIE 1964 10 deg, 2 CIE 2015 2 deg, 3 CIE 2015 10 deg\n"
            "  --precise     unrounded values (%.10g) instead of the window's formatting\n"
            "  --cs-lux LUX  add the circadian light CLA and stimulus CS (%) at LUX lux\n"
+           "  --photometry DIR  also append each spectrum to DIR/photometry.txt and the\n"
+           "                tab-delimited DIR/photometry.xls, as the window's Calculate does\n"
+           "                for direct input (fields in the order of ./outputOrder.txt); the\n"
+           "                first spectrum starts both files anew\n"
            "  --design FILE a saved design, calculated as the window's Calculate does after\n"
            "                opening it (its rows, lumens or watts, filters, analysis type and\n"
            "                options); one row per design, with every field of the window that\n"
@@ -210,7 +255,7 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     bool precise = false;
     bool optionsEnded = false;
     std::vector<std::string> files, designs;
-    std::string folder;
+    std::string folder, photometryDir;
     bool folderGiven = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
@@ -223,6 +268,10 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
             return EXIT_ALL_GOOD;
         } else if (arg == "--precise") {
             precise = true;
+        } else if (arg == "--photometry") {
+            if (i + 1 == args.size()) return usageError(err, arg + " needs a value");
+            photometryDir = args[++i];
+            if (photometryDir.empty()) return usageError(err, "--photometry needs a folder");
         } else if (arg == "--design" || arg == "--folder") {
             if (i + 1 == args.size()) return usageError(err, arg + " needs a value");
             if (arg == "--design") {
@@ -276,10 +325,24 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     for (const ResultField& field : printedFields(columns)) out << '\t' << field.name;
     out << '\n';
 
+    std::unique_ptr<PhotometrySink> sink;
+    if (!photometryDir.empty()) {
+        sink = std::make_unique<PhotometrySink>();
+        sink->textFile =
+            photometryDir + (photometryDir.back() == '/' ? "" : "/") + PHOTOMETRY_FILE_NAME;
+        // The field order the window keeps in the working directory.
+        if (!readOrderToFile(OUTPUT_ORDER_FILE_NAME, sink->fields, sink->order))
+            resetOutputOrder(sink->fields, sink->order);
+        // A spectrum file's photometry is that of the first observer's results: --observer and
+        // --cs-lux change the printed table only.
+        photometrySink = sink.get();
+    }
     int status = EXIT_ALL_GOOD;
     for (const std::string& file : files) {
         if (!calcFile(file, observer, csLux, precise, in, out, err)) status = EXIT_INPUT_PROBLEM;
     }
+    photometrySink = nullptr;
+    if (sink != nullptr && sink->failed) status = EXIT_INPUT_PROBLEM;
     out.flush();
     if (!out) {
         err << CLI_PROGRAM_NAME << ": cannot write the results\n";

@@ -182,6 +182,8 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
         }
         matchingValid = !matchingSpectrum.empty();
         showOutcome();
+        ++usageCounters[analysisType];
+        writePhotometryFiles();
         if (settings.getInt("_referenceSpectrumForSSI") == 2 && !matchingValid) {
             UserDialogs::error(this, "Spectrum error",
                                "You must first calculate a spectrum and enter it as the matching "
