@@ -407,7 +407,6 @@ class VantrelGUI : public FXMainWindow {
     void splitPlotSide();
 
     // Tables.
-    void buildTableUndoButton(FXComposite* parent);
     void hideShowRedoButton();
     Table_zwk7* getTable(FXObject* sender) const;
     bool isInputTable(const Table_zwk7* table) const;
@@ -588,6 +587,7 @@ class VantrelGUI : public FXMainWindow {
     // The update check's worker, while one runs or until it is joined.
     std::unique_ptr<CheckWebForUpdatesThread> webThread;
     FXuint webThreadFinished = 0;
+    bool updateCheckBusy = false;  // a check waits for its worker
 
     // Menu checks and radios bound to settings options.
     struct OptionBinding {

@@ -85,7 +85,6 @@ void VantrelGUI::buildInputSide(FXComposite* parent) {
 void VantrelGUI::buildTables(FXComposite* parent) {
     FXVerticalFrame* frame = new FXVerticalFrame(
         parent, LAYOUT_FILL_Y | LAYOUT_FIX_WIDTH | FRAME_SUNKEN, 0, 0, 250, 0, 0, 0, 0, 0);
-    buildTableUndoButton(frame);
     tableSwitcher = new FXSwitcher(frame, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0);
     auto makeTable = [this](int rows, int tint) {
         Table_zwk7* table = new Table_zwk7(tableSwitcher, this, ID_TABLE,
@@ -100,6 +99,7 @@ void VantrelGUI::buildTables(FXComposite* parent) {
         return table;
     };
     displayTable = makeTable(Vantrel::NUM_GRID_POINTS, -1);
+    displayTable->setEditable(FALSE);  // until a click on a column the user may change
     // Only the matching column of the display table takes input; see fillWavelengthColumns.
     for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
         const InputTableGrid grid = inputTableGrid(r, false);
@@ -213,6 +213,7 @@ void VantrelGUI::setAnalysisType(int type) {
     updateCalculateButton();
     setSpectrumTableVisibility();
     setTableColumnTitles();
+    hideShowRedoButton();
 }
 
 void VantrelGUI::setSpectrumRange(int range) {

@@ -498,12 +498,13 @@ void VantrelGUI::buildToolBar(FXComposite* parent) {
         FXSelector id;
     };
     const ToolDef tools[] = {
-        {"Photometry", ValueFormat::format("\tOpen %s file", PHOTOMETRY_FILE_NAME), 0},
+        {"Photometry", ValueFormat::format("\tOpen %s file", PHOTOMETRY_FILE_NAME),
+         ID_OPEN_TXT_FILE},
         {"Select all", "\tSelect entire table", FXTable::ID_SELECT_ALL},
         {"Copy", "\tCopy selection to clipboard", FXTable::ID_COPY_SEL},
         {"Paste", "\tPaste selection from clipboard", FXTable::ID_PASTE_SEL},
         {"Clear", "\tClear input data or table", ID_CLEAR_INPUT_DATA},
-        {"Undo", "\tUndo changes to table", 0},
+        {"Undo", "\tUndo changes to table", ID_UNDO_TABLE_EDIT},
         {"Custom CIE", "\tMake custom CIE plots entering your own points", 0},
         {"Save xy", "\tSave current x,y values for Duv and 3 color mixing calculations",
          ID_ADD_XY_TO_ARRAY},
@@ -525,5 +526,9 @@ void VantrelGUI::buildToolBar(FXComposite* parent) {
                                         BUTTON_TOOLBAR | FRAME_RAISED | LAYOUT_CENTER_Y);
         if (tool.id == 0) button->disable();
         if (tableCommand) tableButtons.push_back(button);
+        if (tool.id == ID_UNDO_TABLE_EDIT) {
+            undoTableButton = button;  // enabled while there is an edit to undo
+            button->disable();
+        }
     }
 }

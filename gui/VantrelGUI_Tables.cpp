@@ -22,12 +22,6 @@ const char* const POPUP_UNDO = "Undo changes to table";
 const char* const POPUP_CANCEL = "Cancel";
 }  // namespace
 
-void VantrelGUI::buildTableUndoButton(FXComposite* parent) {
-    undoTableButton = new FXButton(parent, "Undo changes to table", nullptr, this,
-                                   ID_UNDO_TABLE_EDIT, BUTTON_NORMAL | LAYOUT_FILL_X);
-    undoTableButton->hide();
-}
-
 Table_zwk7* VantrelGUI::getTable(FXObject* sender) const {
     if (sender == displayTable) return displayTable;
     for (Table_zwk7* table : inputTables)
@@ -201,16 +195,15 @@ void VantrelGUI::manageRedoButton(Table_zwk7* table, int firstRow, int lastRow, 
 
 void VantrelGUI::hideShowRedoButton() {
     if (undoTableButton == nullptr) return;
+    // The toolbar keeps its place: the button is greyed rather than hidden.
     const bool show =
         tableUndoCount > 0 && (analysisType == 1 || analysisType == 4 || analysisType == 7 ||
                                displayTable->getNumColumns() > 2);
-    if (show == (undoTableButton->shown() != 0)) return;
     if (show) {
-        undoTableButton->show();
+        undoTableButton->enable();
     } else {
-        undoTableButton->hide();
+        undoTableButton->disable();
     }
-    if (undoTableButton->getParent()->id() != 0) undoTableButton->getParent()->recalc();
 }
 
 long VantrelGUI::onCmdUndoTableEdit(FXObject*, FXSelector, void*) {

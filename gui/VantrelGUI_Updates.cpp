@@ -1,5 +1,6 @@
 // The update check: on command from the Help menu, and at start-up at most every 7 or 30 days,
 // on a worker thread while the event loop keeps running.
+#include <algorithm>
 #include <ctime>
 
 #include "AppConstants.h"
@@ -18,6 +19,7 @@ double currentVersion() { return VERSION_MAJOR + VERSION_MINOR / 100.0; }
 
 int VantrelGUI::runUpdateCheck(double* webVersion) {
     *webVersion = 0.0;
+    if (updateCheckBusy) return CheckWebForUpdates::EXCEPTION;
     if (webThread != nullptr) {
         // A worker given up on earlier may still wait on its name lookup.
         if (!webThread->finished()) return CheckWebForUpdates::HOST_NOT_RESOLVED;
@@ -27,6 +29,9 @@ int VantrelGUI::runUpdateCheck(double* webVersion) {
     server.host = settings.getString("updateCheckHost");
     server.page = settings.getString("updateCheckPage");
     server.port = settings.getInt("updateCheckPort");
+    // Never longer than the default, so that the wait below ends first only on a hung lookup.
+    server.timeLimitMs =
+        std::clamp(settings.getInt("updateCheckTimeLimitMs"), 100, UpdateServer().timeLimitMs);
     webThread = std::make_unique<CheckWebForUpdatesThread>(
         getApp(), this, FXSEL(SEL_IO_READ, ID_WEB_UPDATES_THREAD_ENDED));
     webThread->passData(server, settings.getString("webSiteAddress"), currentVersion());
@@ -35,9 +40,13 @@ int VantrelGUI::runUpdateCheck(double* webVersion) {
     webThread->start();
     // The worker's own deadline ends connect, send and receive; this one also bounds a name
     // lookup that hangs.
+    // The events handled meanwhile may ask for another check (a menu command during the
+    // start-up check): it is refused until this one ends.
+    updateCheckBusy = true;
     getApp()->addTimeout(this, ID_WEB_UPDATES_WAIT_LIMIT, UPDATE_WAIT_LIMIT_MS);
     while (!webThread->finished() && webThreadFinished == 0) getApp()->runOneEvent();
     getApp()->removeTimeout(this, ID_WEB_UPDATES_WAIT_LIMIT);
+    updateCheckBusy = false;
     if (!webThread->finished()) return CheckWebForUpdates::HOST_NOT_RESOLVED;
     webThread->join();
     *webVersion = webThread->getWebVersion();
@@ -57,6 +66,7 @@ long VantrelGUI::onCmdWebUpdatesWaitLimit(FXObject*, FXSelector, void*) {
 }
 
 long VantrelGUI::onCmdCheckForUpdates(FXObject*, FXSelector, void*) {
+    if (updateCheckBusy) return 1;  // the start-up check is asking right now
     double webVersion = 0.0;
     getApp()->beginWaitCursor();
     const int status = runUpdateCheck(&webVersion);
@@ -81,6 +91,7 @@ bool VantrelGUI::checkForUpdatesEveryXDays(int days, unsigned long long now) {
     if (now == 0) now = static_cast<unsigned long long>(std::time(nullptr));
     const unsigned long long last = settings.getUInt64("lastTimeUpdatesChecked_secondsSince1970");
     if (last + static_cast<unsigned long long>(days) * SECONDS_PER_DAY >= now) return false;
+    if (updateCheckBusy) return false;
     double webVersion = 0.0;
     const int status = runUpdateCheck(&webVersion);
     // A quiet start: only news of a new version is shown; failures wait for the next start.

@@ -66,6 +66,9 @@ FXint Table_zwk7::endRow() const { return isAnythingSelected() ? selection.to.ro
 FXint Table_zwk7::endCol() const { return isAnythingSelected() ? selection.to.col : current.col; }
 
 long Table_zwk7::onCmdPasteSel(FXObject*, FXSelector, void*) {
+    // The target settles, as for a click on the current cell, whether the table may be edited
+    // there (the Edit menu pastes without a click).
+    if (target != nullptr) target->tryHandle(this, FXSEL(SEL_COMMAND, message), nullptr);
     if (!isEditable()) {
         getApp()->beep();
         return 1;

@@ -2,6 +2,7 @@
 // the Help menu and the start-up timers against a server on this machine.
 #include <unistd.h>
 
+#include <chrono>
 #include <cmath>
 #include <ctime>
 #include <fstream>
@@ -224,4 +225,20 @@ TEST_F(Photometry, TheUvExportAndTheUsageRecordAreWrittenOnlyWhenAskedFor) {
     EXPECT_NE(record[0].find("\tv7.77\t"), std::string::npos);
     // Two Calculates of direct input so far, in the counter of analysis type 1.
     EXPECT_NE(record[0].find("\tv7.77\t0\t2\t0\t"), std::string::npos);
+}
+
+TEST_F(MainWindow, ASilentServerGivesTheConnectionErrorBox) {
+    LocalHttpServer server("", true);
+    gui->getSettings().setString("updateCheckHost", "127.0.0.1");
+    gui->getSettings().setInt("updateCheckPort", server.getPort());
+    gui->getSettings().setInt("updateCheckTimeLimitMs", 300);
+    const auto start = std::chrono::steady_clock::now();
+    gui->onCmdCheckForUpdates(nullptr, 0, nullptr);
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::printf("update check on a silent server: %.2f s (limit 0.3 s)\n", seconds);
+    EXPECT_EQ(boxes(),
+              "Check for update: Connection error (2) checking for update.\n\nThis may not work "
+              "over a VPN connection.\n");
+    EXPECT_EQ(gui->getSettings().getUInt64("lastTimeUpdatesChecked_secondsSince1970"), 0u);
 }

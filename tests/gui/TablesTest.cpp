@@ -70,7 +70,7 @@ TEST_F(Tables, UndoGivesBackTheExactTextBeforeEachKindOfEdit) {
     EXPECT_EQ(gui->getTableUndoCount(), 1);
     undo();
     EXPECT_EQ(column(table, 1, 0, 6), "\n\n\n\n\n\n\n");
-    EXPECT_FALSE(gui->getUndoTableButton()->shown());
+    EXPECT_FALSE(gui->getUndoTableButton()->isEnabled());
 }
 
 TEST_F(Tables, TheTwentyFirstEditDropsTheOldest) {
@@ -80,7 +80,7 @@ TEST_F(Tables, TheTwentyFirstEditDropsTheOldest) {
     for (int k = 1; k <= VantrelGUI::TABLE_UNDO_LEVELS + 1; ++k) {
         table->setCurrentItem(0, 1);
         table->pasteText(std::to_string(k).c_str());
-        EXPECT_TRUE(gui->getUndoTableButton()->shown());
+        EXPECT_TRUE(gui->getUndoTableButton()->isEnabled());
     }
     EXPECT_EQ(gui->getTableUndoCount(), VantrelGUI::TABLE_UNDO_LEVELS);
     for (int k = VantrelGUI::TABLE_UNDO_LEVELS; k >= 1; --k) {
@@ -90,7 +90,7 @@ TEST_F(Tables, TheTwentyFirstEditDropsTheOldest) {
     // The record of the first paste (the empty cell before "1") is gone.
     undo();
     EXPECT_EQ(table->getItemText(0, 1), "1");
-    EXPECT_FALSE(gui->getUndoTableButton()->shown());
+    EXPECT_FALSE(gui->getUndoTableButton()->isEnabled());
 }
 
 TEST_F(Tables, PasteReadsDecimalCommasMixedSeparatorsAndSurvivesBinary) {
