@@ -262,6 +262,7 @@ std::string getExcelString(bool valuesNotNames, const std::string& prefix,
 }
 
 std::string photometryText(const PhotometryRun& run) {
+    if (run.individual) return individualLine(run);
     if (run.tabbedShort) return abbreviatedTabLine(run);
     Block b(run);
     b.add(run.title);
@@ -272,6 +273,14 @@ std::string photometryText(const PhotometryRun& run) {
     valueLines(b);
     commaFor(b.out, run.commaDecimals);
     return b.out;
+}
+
+std::string individualLine(const PhotometryRun& run) {
+    const double lpw = run.mix->wallPlugKnown ? run.mix->lpw : 0.0;
+    std::string line = ValueFormat::format("%s %.1lf %.4lf %.4lf \n", run.name.c_str(), lpw,
+                                           run.results->x, run.results->y);
+    commaFor(line, run.commaDecimals);
+    return line;
 }
 
 std::string abbreviatedTabLine(const PhotometryRun& run) {

@@ -37,6 +37,7 @@ struct PhotometryRun {
     bool tabbedShort = false;           // writeTabbedDataMenuItem: the abbreviated line
     bool allLPWKnown = false;           // every row gave its LPW
     bool limitUmolTo400_700 = false;    // constrain_uMol_sW_to_400_700nm
+    bool individual = false;  // a run of "Cal Individual": one short line instead of the block
 };
 
 // The header (valuesNotNames false) or data line of the tab-delimited file: prefix, then the
@@ -50,6 +51,9 @@ std::string getExcelString(bool valuesNotNames, const std::string& prefix,
 
 // The block of one run in the text file, ended by the rule of asterisks.
 std::string photometryText(const PhotometryRun& run);
+// The line of a "Cal Individual" run: name, the wall-plug LPW ("%.1lf", 0 when unknown), x and y
+// ("%.4lf").
+std::string individualLine(const PhotometryRun& run);
 // The abbreviated tab line: lumens, electrical watts, x, y, CCT, Duv, CRI, R9, LER, LPW.
 std::string abbreviatedTabLine(const PhotometryRun& run);
 

@@ -193,6 +193,10 @@ VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
 VantrelGUI::~VantrelGUI() {
     getApp()->removeTimeout(this, ID_MAIN_WINDOW_POSITION);
     getApp()->removeTimeout(this, ID_FIT_TO_SCREEN);
+    getApp()->removeTimeout(this, ID_CHECK_UPDATES_7_DAYS_TIMER);
+    getApp()->removeTimeout(this, ID_CHECK_UPDATES_30_DAYS_TIMER);
+    getApp()->removeTimeout(this, ID_WEB_UPDATES_WAIT_LIMIT);
+    webThread.reset();  // joins a worker still asking, before its signal's target goes
     for (FXMenuPane* pane : menuPanes) delete pane;
     // The application gets its own normal font back before the program font goes.
     if (programFont != nullptr && getApp()->getNormalFont() == programFont) {

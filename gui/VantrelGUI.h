@@ -415,6 +415,7 @@ class VantrelGUI : public FXMainWindow {
     // Photometry: the files after a Calculate, and the usage record at quit.
     void writePhotometryFiles();
     void startUpdateTimers();
+    void promptForAutoCheckForUpdates();
     void setupTable();
     void setTableColumnTitles();
     void setSpectrumTableVisibility();

@@ -532,6 +532,7 @@ long VantrelGUI::onCmdCalculateIndividual(FXObject*, FXSelector, void*) {
         ledRows[i].check->setCheck(false);
     }
     if (remembered.empty()) return 1;
+    photometryState.photometryText.clear();
     individualMode = true;
     onCmdClearSavedXYArray(nullptr, 0, nullptr);
     for (int i : remembered) {

@@ -46,6 +46,7 @@ std::string VantrelGUI::photometryTabPath() const { return tabFileName(photometr
 void VantrelGUI::writePhotometryFiles() {
     if (!settings.getBool("writeDataMenuItem")) return;
     PhotometryRun run = photometryRunFromSettings(lastOutcome, settings);
+    run.individual = individualMode;
     const int type = resultAnalysisType;
     if (type == 2) {
         run.name = ValueFormat::format("Black body at %.0lfK",

@@ -13,6 +13,8 @@ constexpr unsigned long long SECONDS_PER_DAY = 86400;
 // The start-up check waits until the window stands.
 constexpr int START_UP_CHECK_DELAY_MS = 3000;
 const char* const UPDATE_BOX_TITLE = "Check for update";
+// Settings files older than this know nothing of the start-up check.
+constexpr double FIRST_VERSION_WITH_AUTO_CHECK = 6.94;
 
 double currentVersion() { return VERSION_MAJOR + VERSION_MINOR / 100.0; }
 }  // namespace
@@ -123,7 +125,24 @@ long VantrelGUI::onCmdCheckForUpdatesEvery30DaysTimer(FXObject*, FXSelector, voi
     return 1;
 }
 
+void VantrelGUI::promptForAutoCheckForUpdates() {
+    // Settings from before the automatic check existed: ask once whether it is wanted.
+    if (settingsReadFailed || settings.fileVersion() >= FIRST_VERSION_WITH_AUTO_CHECK) return;
+    if (settings.getBool("checkForUpdatesEvery7Days_Menu") ||
+        settings.getBool("checkForUpdatesEvery30Days_Menu"))
+        return;
+    if (UserDialogs::question(this, MBOX_YES_NO, "Check for updates",
+                              "Do you want to be notified when an update is available?\n\nYou "
+                              "can reset this under the \"Help\" menu item") != MBOX_CLICKED_YES)
+        return;
+    settings.setBool("checkForUpdatesEvery30Days_Menu", true);
+    settings.setUInt64("lastTimeUpdatesChecked_secondsSince1970",
+                       static_cast<std::uint64_t>(std::time(nullptr)));
+    settingsToWidgets();
+}
+
 void VantrelGUI::startUpdateTimers() {
+    promptForAutoCheckForUpdates();
     if (settings.getBool("checkForUpdatesEvery7Days_Menu")) {
         getApp()->addTimeout(this, ID_CHECK_UPDATES_7_DAYS_TIMER, START_UP_CHECK_DELAY_MS);
     } else if (settings.getBool("checkForUpdatesEvery30Days_Menu")) {

@@ -157,3 +157,15 @@ TEST_F(PhotometryFiles, TheOrderFileRoundTripsAndForgivesBadLines) {
 
     EXPECT_FALSE(readOrderToFile((dir / "none.txt").string(), readFields, readOrder));
 }
+
+TEST_F(PhotometryFiles, ACalIndividualRunIsOneShortLine) {
+    run.individual = true;
+    run.name = "Blue: 455 nm 100 lm";
+    results.x = 0.15;
+    results.y = 0.025;
+    EXPECT_EQ(photometryText(run), "Blue: 455 nm 100 lm 0.0 0.1500 0.0250 \n");
+    mix.wallPlugKnown = true;
+    mix.lpw = 31.25;
+    run.commaDecimals = true;
+    EXPECT_EQ(photometryText(run), "Blue: 455 nm 100 lm 31,2 0,1500 0,0250 \n");
+}

@@ -242,3 +242,23 @@ TEST_F(MainWindow, ASilentServerGivesTheConnectionErrorBox) {
               "over a VPN connection.\n");
     EXPECT_EQ(gui->getSettings().getUInt64("lastTimeUpdatesChecked_secondsSince1970"), 0u);
 }
+
+TEST_F(MainWindow, SettingsFromBeforeTheStartUpCheckAskForIt) {
+    close();
+    const std::string ini = (folder / "Lumivar.ini").string();
+    std::ofstream(ini) << "<version>6.90\n<checkForUpdatesEvery7Days_Menu>0\n";
+    script.answers.push_back(MBOX_CLICKED_YES);
+    open();
+    EXPECT_EQ(boxes(),
+              "Check for updates: Do you want to be notified when an update is available?\n\nYou "
+              "can reset this under the \"Help\" menu item\n");
+    EXPECT_TRUE(gui->getSettings().getBool("checkForUpdatesEvery30Days_Menu"));
+    EXPECT_TRUE(static_cast<FXMenuCheck*>(gui->getOptionWidget("checkForUpdatesEvery30Days_Menu"))
+                    ->getCheck());
+    // Saved with this version, the question is not asked again.
+    gui->saveSettings();
+    close();
+    script.shown.clear();
+    open();
+    EXPECT_EQ(boxes(), "");
+}
