@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <istream>
+#include <memory>
 #include <ostream>
 
 #include "AppConstants.h"
@@ -34,15 +34,12 @@ struct PhotometrySink {
     PhotometryFileState state;
     bool failed = false;
 };
-PhotometrySink* photometrySink = nullptr;  // set for the length of runCalc
-
 // Appends one spectrum; a file that can't be written is reported once.
-void appendPhotometry(const std::string& row, const double* grid, std::ostream& err) {
-    PhotometrySink& sink = *photometrySink;
+void appendPhotometry(PhotometrySink& sink, const std::string& row, const double* grid,
+                      std::ostream& err) {
     CalculateModel model;
-    const CalculateOutcome outcome =
-        model.calculateSpectrum(grid, mixSettingsFromOptions(sink.settings, 1),
-                                fieldFormatFromOptions(sink.settings));
+    const CalculateOutcome outcome = model.calculateSpectrum(
+        grid, mixSettingsFromOptions(sink.settings, 1), fieldFormatFromOptions(sink.settings));
     PhotometryRun run = photometryRunFromSettings(outcome, sink.settings);
     run.name = row;
     run.title = "Direct spectrum input\n" + row + "\n";
@@ -109,7 +106,7 @@ void printRow(std::ostream& out, const std::string& file, const std::vector<Resu
 // Computes one spectrum on the grid and prints its row under the name row. A spectrum without
 // a chromaticity gets the window's error on err instead, and false.
 bool printResults(const std::string& row, const double* grid, int observer, double csLux,
-                  bool precise, std::ostream& out, std::ostream& err) {
+                  bool precise, PhotometrySink* sink, std::ostream& out, std::ostream& err) {
     // A fresh calculator per spectrum: engines keep results between runs, and a row must not
     // depend on the spectra before it.
     SpectrumCalculator calculator;
@@ -122,14 +119,14 @@ bool printResults(const std::string& row, const double* grid, int observer, doub
         return false;
     }
     printRow(out, row, printedFields(results), precise);
-    if (photometrySink != nullptr) appendPhotometry(row, grid, err);
+    if (sink != nullptr) appendPhotometry(*sink, row, grid, err);
     return true;
 }
 
 // A row per entry of a user library, named "FILE#entry name"; the entries stand on the grid
 // already. Filters and colours are computed as the curves they are.
 bool calcLibrary(const std::string& file, int libraryType, int observer, double csLux, bool precise,
-                 std::ostream& out, std::ostream& err) {
+                 PhotometrySink* sink, std::ostream& out, std::ostream& err) {
     std::vector<ledTypeStruct> entries;
     std::string error;
     const bool readWhole = readUserLibrary(file, libraryType, &entries, &error);
@@ -140,17 +137,19 @@ bool calcLibrary(const std::string& file, int libraryType, int observer, double 
             report(err, row, 0, "a private colour is not shown");
             continue;
         }
-        if (!printResults(row, entry.spectrum, observer, csLux, precise, out, err)) whole = false;
+        if (!printResults(row, entry.spectrum, observer, csLux, precise, sink, out, err))
+            whole = false;
     }
     if (!readWhole) err << CLI_PROGRAM_NAME << ": " << error << '\n';
     return whole;
 }
 
 // Computes one file and prints a row per spectrum in it; false when the input was not clean.
-bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
-              std::ostream& out, std::ostream& err) {
+bool calcFile(const std::string& file, int observer, double csLux, bool precise,
+              PhotometrySink* sink, std::istream& in, std::ostream& out, std::ostream& err) {
     const int libraryType = libraryTypeOfFile(file);
-    if (libraryType >= 0) return calcLibrary(file, libraryType, observer, csLux, precise, out, err);
+    if (libraryType >= 0)
+        return calcLibrary(file, libraryType, observer, csLux, precise, sink, out, err);
     SpectraFileResult read;
     if (file == STDIN_NAME) {
         SpectrumReadResult text = readSpectrum(in);
@@ -183,7 +182,7 @@ bool calcFile(const std::string& file, int observer, double csLux, bool precise,
             report(err, file, read.firstNegativeLine, "negative values set to 0");
             warned = true;
         }
-        if (!printResults(row, grid, observer, csLux, precise, out, err)) clean = false;
+        if (!printResults(row, grid, observer, csLux, precise, sink, out, err)) clean = false;
     }
     return clean;
 }
@@ -335,13 +334,12 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
             resetOutputOrder(sink->fields, sink->order);
         // A spectrum file's photometry is that of the first observer's results: --observer and
         // --cs-lux change the printed table only.
-        photometrySink = sink.get();
     }
     int status = EXIT_ALL_GOOD;
     for (const std::string& file : files) {
-        if (!calcFile(file, observer, csLux, precise, in, out, err)) status = EXIT_INPUT_PROBLEM;
+        if (!calcFile(file, observer, csLux, precise, sink.get(), in, out, err))
+            status = EXIT_INPUT_PROBLEM;
     }
-    photometrySink = nullptr;
     if (sink != nullptr && sink->failed) status = EXIT_INPUT_PROBLEM;
     out.flush();
     if (!out) {
