@@ -65,6 +65,15 @@ FXint Table_zwk7::endRow() const { return isAnythingSelected() ? selection.to.ro
 
 FXint Table_zwk7::endCol() const { return isAnythingSelected() ? selection.to.col : current.col; }
 
+void Table_zwk7::acceptInput(FXbool notify) {
+    if (editor != nullptr && notify) {
+        const FXTextField* field = dynamic_cast<const FXTextField*>(editor);
+        const FXint r = input.fm.row, c = input.fm.col;
+        if (field == nullptr || field->getText() != getItemText(r, c)) notifyReplace(r, r, c, c);
+    }
+    FXTable::acceptInput(FALSE);
+}
+
 long Table_zwk7::onCmdPasteSel(FXObject*, FXSelector, void*) {
     // The target settles, as for a click on the current cell, whether the table may be edited
     // there (the Edit menu pastes without a click).

@@ -41,6 +41,11 @@ class Table_zwk7 : public FXTable {
     bool getSizeError() const { return sizeError; }
     void resetSizeError() { sizeError = false; }
 
+    // A typed cell is accepted. The target hears of the cell by SEL_REPLACED before it changes,
+    // as of every other change (FOX itself tells only afterwards), and not at all when the
+    // text stays the same.
+    void acceptInput(FXbool notify = FALSE) override;
+
     // Paste from the clipboard (UTF-8, UTF-16, Latin-1 text or CSV, the first offered).
     long onCmdPasteSel(FXObject*, FXSelector, void*);
 

@@ -41,6 +41,22 @@ TEST_F(Tables, UndoGivesBackTheExactTextBeforeEachKindOfEdit) {
     undo();
     EXPECT_EQ(column(table, 1, 0, 6), before);
 
+    // A typed cell, accepted as a Return accepts it; the same text again records nothing.
+    table->startInput(4, 1);
+    FXTextField* editor = nullptr;
+    for (FXWindow* child = table->getFirst(); child != nullptr; child = child->getNext())
+        if (dynamic_cast<FXTextField*>(child) != nullptr) editor = static_cast<FXTextField*>(child);
+    ASSERT_NE(editor, nullptr);
+    editor->setText("42");
+    table->acceptInput(TRUE);
+    EXPECT_EQ(table->getItemText(4, 1), "42");
+    const int records = gui->getTableUndoCount();
+    table->startInput(4, 1);
+    table->acceptInput(TRUE);
+    EXPECT_EQ(gui->getTableUndoCount(), records);
+    undo();
+    EXPECT_EQ(column(table, 1, 0, 6), before);
+
     // The delete key over a selection.
     table->selectRange(0, 3, 1, 1);
     pressKey(table, KEY_Delete);
