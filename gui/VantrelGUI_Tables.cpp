@@ -65,8 +65,18 @@ long VantrelGUI::onCmdTable(FXObject* sender, FXSelector, void* ptr) {
     Table_zwk7* table = getTable(sender);
     if (table == nullptr) return 0;
     const FXTablePos* pos = static_cast<const FXTablePos*>(ptr);
-    updateTableEditable(table, pos != nullptr ? pos->col : table->getCurrentColumn());
-    return 0;  // the table goes on with its own handling
+    if (pos != nullptr) {
+        updateTableEditable(table, pos->col);
+        return 0;  // the table goes on with its own handling
+    }
+    // Without a cell the table asks before a paste: a block pasted from the wavelength column
+    // of a fixed table fills the values beside it (the wavelengths stay), so the paste may go
+    // ahead when any column from the current one on may be changed.
+    bool editable = false;
+    for (int c = std::max(table->getCurrentColumn(), 0); c < table->getNumColumns(); ++c)
+        editable = editable || isEditableTableColumn(table, c);
+    table->setEditable(editable);
+    return 0;
 }
 
 std::vector<std::string> VantrelGUI::tablePopupEntries(Table_zwk7* table, int row,

@@ -191,3 +191,27 @@ TEST_F(Tables, TheWavelengthsAndTheDisplayTableStayOutOfReach) {
     ASSERT_EQ(matching.size(), 7u);
     EXPECT_EQ(matching[2], "Copy spectrum into the matching column");
 }
+
+TEST_F(Tables, CopyAndPasteThroughTheClipboardKeepTheWavelengthsAndCanBeUndone) {
+    chooseRange(RANGE_360_830_5NM);
+    Table_zwk7* table = gui->getInputTable(RANGE_360_830_5NM);
+    paste(RANGE_360_830_5NM, "360\t1.5\n365\t2\n370\t2.5\n");
+    table->selectRange(0, 2, 0, 1);
+    table->handle(table, FXSEL(SEL_COMMAND, FXTable::ID_COPY_SEL), nullptr);
+    table->killSelection();
+    table->setCurrentItem(10, 0);
+    table->handle(table, FXSEL(SEL_COMMAND, FXTable::ID_PASTE_SEL), nullptr);
+    EXPECT_EQ(column(table, 1, 10, 12), "1.5\n2\n2.5\n");
+    EXPECT_EQ(table->getItemText(10, 0), "410");  // the fixed wavelength stays
+    undo();
+    EXPECT_EQ(column(table, 1, 10, 12), "\n\n\n");
+
+    // Where the user may not type, the paste is refused.
+    chooseAnalysis(0);
+    Table_zwk7* display = gui->getDisplayTable();
+    display->setCurrentItem(10, 1);
+    const int records = gui->getTableUndoCount();
+    display->handle(display, FXSEL(SEL_COMMAND, FXTable::ID_PASTE_SEL), nullptr);
+    EXPECT_EQ(display->getItemText(10, 1), "");
+    EXPECT_EQ(gui->getTableUndoCount(), records);
+}
