@@ -1,11 +1,13 @@
 #include "CheckUpdateCommand.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <ostream>
 
 #include "AppConstants.h"
 #include "CalcCommand.h"
 #include "CheckWebForUpdates.h"
+#include "DesignCalc.h"
 #include "ProgramSettings.h"
 
 const char* checkUpdateUsage() {
@@ -13,19 +15,31 @@ const char* checkUpdateUsage() {
            "\n"
            "Asks the version server for the newest version, as the window's \"Check the web\n"
            "site for updates now\" does, and prints the same status text. The server, port and\n"
-           "page default to the program's settings (updateCheckHost, updateCheckPort,\n"
-           "updateCheckPage). Connect, send and receive share a time limit of 8 s.\n"
+           "page default to the window's settings (updateCheckHost, updateCheckPort,\n"
+           "updateCheckPage in ~/Lumivar_KBI/Lumivar.ini, else their defaults). Connect, send\n"
+           "and receive share a time limit of 8 s.\n"
            "\n"
            "Exit status: 0 when a new version exists or this is the current one, 1 on a\n"
            "connection or read error, 2 on wrong usage.\n";
 }
 
 int runCheckUpdate(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    const ProgramSettings defaults;
+    // The window's settings when there are any, so that both ask the same server.
+    ProgramSettings defaults;
+    const std::string folder = defaultProgramFolder();
+    if (!folder.empty()) {
+        ProgramSettings stored;
+        const std::string ini = folder + APP_NAME + ".ini";
+        if (stored.read(ini, true).status == ProgramSettings::ReadStatus::OK &&
+            stored.fileVersion() > 0)
+            defaults = stored;
+    }
     UpdateServer server;
     server.host = defaults.getString("updateCheckHost");
     server.page = defaults.getString("updateCheckPage");
     server.port = defaults.getInt("updateCheckPort");
+    server.timeLimitMs =
+        std::clamp(defaults.getInt("updateCheckTimeLimitMs"), 100, UpdateServer().timeLimitMs);
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
         if (arg == "-h" || arg == "--help") {
