@@ -4,11 +4,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <istream>
+#include <memory>
 #include <ostream>
 
 #include "AppConstants.h"
 #include "CalculateModel.h"
 #include "DesignCalc.h"
+#include "DesignCalculation.h"
+#include "PhotometryFiles.h"
+#include "ProgramSettings.h"
 #include "ReadSpectraFile.h"
 #include "ResultFields.h"
 #include "SpectrumFile.h"
@@ -19,6 +23,37 @@
 namespace {
 
 constexpr const char* STDIN_NAME = "-";
+
+// The photometry files of --photometry DIR: each spectrum is calculated as the window's direct
+// input calculates it, with the default options, and appended by the window's own code.
+struct PhotometrySink {
+    std::string textFile;  // DIR/photometry.txt
+    ProgramSettings settings;
+    OutputField fields[NUM_OUTPUT_FIELDS];
+    int order[NUM_OUTPUT_FIELDS] = {};
+    PhotometryFileState state;
+    bool failed = false;
+};
+// Appends one spectrum; a file that can't be written is reported once.
+void appendPhotometry(PhotometrySink& sink, const std::string& row, const double* grid,
+                      std::ostream& err) {
+    CalculateModel model;
+    const CalculateOutcome outcome = model.calculateSpectrum(
+        grid, mixSettingsFromOptions(sink.settings, 1), fieldFormatFromOptions(sink.settings));
+    PhotometryRun run = photometryRunFromSettings(outcome, sink.settings);
+    run.name = row;
+    run.title = "Direct spectrum input\n" + row + "\n";
+    std::string failedFile;
+    // The state is appended to: the first spectrum starts both files anew, as the window's
+    // first Calculate does.
+    if (!appendPhotometryFiles(sink.textFile, run,
+                               sink.settings.getBool("writeAllToPhotometryExcelMenuItem"),
+                               sink.fields, sink.order, sink.state, &failedFile) &&
+        !sink.failed) {
+        sink.failed = true;
+        err << CLI_PROGRAM_NAME << ": " << photometryWriteErrorText(failedFile) << '\n';
+    }
+}
 
 int usageError(std::ostream& err, const std::string& message) {
     err << CLI_PROGRAM_NAME << ": " << message << '\n' << calcUsage();
@@ -71,7 +106,7 @@ void printRow(std::ostream& out, const std::string& file, const std::vector<Resu
 // Computes one spectrum on the grid and prints its row under the name row. A spectrum without
 // a chromaticity gets the window's error on err instead, and false.
 bool printResults(const std::string& row, const double* grid, int observer, double csLux,
-                  bool precise, std::ostream& out, std::ostream& err) {
+                  bool precise, PhotometrySink* sink, std::ostream& out, std::ostream& err) {
     // A fresh calculator per spectrum: engines keep results between runs, and a row must not
     // depend on the spectra before it.
     SpectrumCalculator calculator;
@@ -84,13 +119,14 @@ bool printResults(const std::string& row, const double* grid, int observer, doub
         return false;
     }
     printRow(out, row, printedFields(results), precise);
+    if (sink != nullptr) appendPhotometry(*sink, row, grid, err);
     return true;
 }
 
 // A row per entry of a user library, named "FILE#entry name"; the entries stand on the grid
 // already. Filters and colours are computed as the curves they are.
 bool calcLibrary(const std::string& file, int libraryType, int observer, double csLux, bool precise,
-                 std::ostream& out, std::ostream& err) {
+                 PhotometrySink* sink, std::ostream& out, std::ostream& err) {
     std::vector<ledTypeStruct> entries;
     std::string error;
     const bool readWhole = readUserLibrary(file, libraryType, &entries, &error);
@@ -101,17 +137,19 @@ bool calcLibrary(const std::string& file, int libraryType, int observer, double 
             report(err, row, 0, "a private colour is not shown");
             continue;
         }
-        if (!printResults(row, entry.spectrum, observer, csLux, precise, out, err)) whole = false;
+        if (!printResults(row, entry.spectrum, observer, csLux, precise, sink, out, err))
+            whole = false;
     }
     if (!readWhole) err << CLI_PROGRAM_NAME << ": " << error << '\n';
     return whole;
 }
 
 // Computes one file and prints a row per spectrum in it; false when the input was not clean.
-bool calcFile(const std::string& file, int observer, double csLux, bool precise, std::istream& in,
-              std::ostream& out, std::ostream& err) {
+bool calcFile(const std::string& file, int observer, double csLux, bool precise,
+              PhotometrySink* sink, std::istream& in, std::ostream& out, std::ostream& err) {
     const int libraryType = libraryTypeOfFile(file);
-    if (libraryType >= 0) return calcLibrary(file, libraryType, observer, csLux, precise, out, err);
+    if (libraryType >= 0)
+        return calcLibrary(file, libraryType, observer, csLux, precise, sink, out, err);
     SpectraFileResult read;
     if (file == STDIN_NAME) {
         SpectrumReadResult text = readSpectrum(in);
@@ -144,7 +182,7 @@ bool calcFile(const std::string& file, int observer, double csLux, bool precise,
             report(err, file, read.firstNegativeLine, "negative values set to 0");
             warned = true;
         }
-        if (!printResults(row, grid, observer, csLux, precise, out, err)) clean = false;
+        if (!printResults(row, grid, observer, csLux, precise, sink, out, err)) clean = false;
     }
     return clean;
 }
@@ -171,12 +209,14 @@ const char* cliUsage() {
            "Commands:\n"
            "  calc     results of spectrum files, one table row per spectrum\n"
            "  convert  spectra of any readable file as a table or into a user library\n"
+           "  check-update  ask the version server whether a newer version exists\n"
            "\n"
            "Run 'lumivar-cli calc --help' for the options of calc.\n";
 }
 
 const char* calcUsage() {
-    return "Usage: lumivar-cli calc [--observer 0|1|2|3] [--precise] [FILE ...]\n"
+    return "Usage: lumivar-cli calc [--observer 0|1|2|3] [--precise] [--photometry DIR] "
+           "[FILE ...]\n"
            "       lumivar-cli calc [--precise] [--folder DIR] --design FILE.vtd ...\n"
            "\n"
            "Prints the main results of each spectrum FILE as a tab-separated table: a header\n"
@@ -191,6 +231,10 @@ const char* calcUsage() {
            "                1 CIE 1964 10 deg, 2 CIE 2015 2 deg, 3 CIE 2015 10 deg\n"
            "  --precise     unrounded values (%.10g) instead of the window's formatting\n"
            "  --cs-lux LUX  add the circadian light CLA and stimulus CS (%) at LUX lux\n"
+           "  --photometry DIR  also append each spectrum to DIR/photometry.txt and the\n"
+           "                tab-delimited DIR/photometry.xls, as the window's Calculate does\n"
+           "                for direct input (fields in the order of ./outputOrder.txt); the\n"
+           "                first spectrum starts both files anew\n"
            "  --design FILE a saved design, calculated as the window's Calculate does after\n"
            "                opening it (its rows, lumens or watts, filters, analysis type and\n"
            "                options); one row per design, with every field of the window that\n"
@@ -210,7 +254,7 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     bool precise = false;
     bool optionsEnded = false;
     std::vector<std::string> files, designs;
-    std::string folder;
+    std::string folder, photometryDir;
     bool folderGiven = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
@@ -223,6 +267,10 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
             return EXIT_ALL_GOOD;
         } else if (arg == "--precise") {
             precise = true;
+        } else if (arg == "--photometry") {
+            if (i + 1 == args.size()) return usageError(err, arg + " needs a value");
+            photometryDir = args[++i];
+            if (photometryDir.empty()) return usageError(err, "--photometry needs a folder");
         } else if (arg == "--design" || arg == "--folder") {
             if (i + 1 == args.size()) return usageError(err, arg + " needs a value");
             if (arg == "--design") {
@@ -276,10 +324,23 @@ int runCalc(const std::vector<std::string>& args, std::istream& in, std::ostream
     for (const ResultField& field : printedFields(columns)) out << '\t' << field.name;
     out << '\n';
 
+    std::unique_ptr<PhotometrySink> sink;
+    if (!photometryDir.empty()) {
+        sink = std::make_unique<PhotometrySink>();
+        sink->textFile =
+            photometryDir + (photometryDir.back() == '/' ? "" : "/") + PHOTOMETRY_FILE_NAME;
+        // The field order the window keeps in the working directory.
+        if (!readOrderToFile(OUTPUT_ORDER_FILE_NAME, sink->fields, sink->order))
+            resetOutputOrder(sink->fields, sink->order);
+        // A spectrum file's photometry is that of the first observer's results: --observer and
+        // --cs-lux change the printed table only.
+    }
     int status = EXIT_ALL_GOOD;
     for (const std::string& file : files) {
-        if (!calcFile(file, observer, csLux, precise, in, out, err)) status = EXIT_INPUT_PROBLEM;
+        if (!calcFile(file, observer, csLux, precise, sink.get(), in, out, err))
+            status = EXIT_INPUT_PROBLEM;
     }
+    if (sink != nullptr && sink->failed) status = EXIT_INPUT_PROBLEM;
     out.flush();
     if (!out) {
         err << CLI_PROGRAM_NAME << ": cannot write the results\n";

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CalcCommand.h"
+#include "CheckUpdateCommand.h"
 #include "ConvertCommand.h"
 
 int main(int argc, char** argv) {
@@ -22,6 +23,14 @@ int main(int argc, char** argv) {
     if (command == "convert") {
         try {
             return runConvert({args.begin() + 1, args.end()}, std::cout, std::cerr);
+        } catch (const std::exception& e) {
+            std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
+            return EXIT_INPUT_PROBLEM;
+        }
+    }
+    if (command == "check-update") {
+        try {
+            return runCheckUpdate({args.begin() + 1, args.end()}, std::cout, std::cerr);
         } catch (const std::exception& e) {
             std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
             return EXIT_INPUT_PROBLEM;

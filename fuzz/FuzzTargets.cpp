@@ -5,5 +5,6 @@ const FuzzTargetEntry FUZZ_TARGETS[] = {
     {"library", fuzzLibrary},
     {"dutycycle", fuzzDutyCycle},
     {"spectrometer", fuzzSpectrometer},
+    {"updateanswer", fuzzUpdateAnswer},
 };
 const std::size_t NUM_FUZZ_TARGETS = sizeof FUZZ_TARGETS / sizeof FUZZ_TARGETS[0];

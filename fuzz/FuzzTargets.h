@@ -18,6 +18,8 @@ void fuzzLibrary(const std::uint8_t* data, std::size_t size);
 void fuzzDutyCycle(const std::uint8_t* data, std::size_t size);
 // Spectrometer and column files (ProcessSpectrometerFiles, readSpectraText).
 void fuzzSpectrometer(const std::uint8_t* data, std::size_t size);
+// Answers of the update check's version server (CheckWebForUpdates::parseAnswer).
+void fuzzUpdateAnswer(const std::uint8_t* data, std::size_t size);
 
 struct FuzzTargetEntry {
     const char* name;  // harness fuzz_<name>, inputs under tests/data/fuzz/<name>/

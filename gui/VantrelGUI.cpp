@@ -104,6 +104,33 @@ VantrelGUIMap[] = {
                VantrelGUI::ID_IMPORT_FILTER_COLOR_FILE_LAST, VantrelGUI::onCmdOpenFilterColorFile),
     FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_REPLACE_USER_DATA, VantrelGUI::ID_REPLACE_USER_DATA_LAST,
                VantrelGUI::onCmdReplaceUserSpec),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_TABLE, VantrelGUI::onCmdTable),
+    FXMAPFUNC(SEL_RIGHTBUTTONRELEASE, VantrelGUI::ID_TABLE, VantrelGUI::onCmdTableRightButton),
+    FXMAPFUNC(SEL_KEYPRESS, VantrelGUI::ID_TABLE, VantrelGUI::onTableKeyPress),
+    FXMAPFUNC(SEL_REPLACED, VantrelGUI::ID_TABLE, VantrelGUI::onTableReplace),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_ZERO_TO_BEGINNING, VantrelGUI::onCmdZeroToBeginning),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_ZERO_TO_END, VantrelGUI::onCmdZeroToEnd),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_COPY_SPECTRUM_TO_MATCHING,
+              VantrelGUI::onCmdCopySpectrumIntoMatchingColumn),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_INVERT_TABLE, VantrelGUI::onCmdInvertValuesInTable),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_TABLE_PASTE, VantrelGUI::onCmdTablePaste),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_UNDO_TABLE_EDIT, VantrelGUI::onCmdUndoTableEdit),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SET_ORDER_EXCEL, VantrelGUI::onCmdSetOrderExcel),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_OPEN_TXT_FILE, VantrelGUI::onCmdOpenTxtFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_OPEN_ASA_OUT_FILE, VantrelGUI::onCmdOpenTxtFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_OPEN_XLS_FILE, VantrelGUI::onCmdOpenXlsFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PRINT, VantrelGUI::onCmdPrint),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECK_FOR_UPDATES, VantrelGUI::onCmdCheckForUpdates),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CHECK_UPDATES_EVERY_X_DAYS,
+              VantrelGUI::onCmdCheckForUpdatesEveryXDays),
+    FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_CHECK_UPDATES_7_DAYS_TIMER,
+              VantrelGUI::onCmdCheckForUpdatesEvery7DaysTimer),
+    FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_CHECK_UPDATES_30_DAYS_TIMER,
+              VantrelGUI::onCmdCheckForUpdatesEvery30DaysTimer),
+    FXMAPFUNC(SEL_IO_READ, VantrelGUI::ID_WEB_UPDATES_THREAD_ENDED,
+              VantrelGUI::onCmdCheckWebUpdatesThreadEnded),
+    FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_WEB_UPDATES_WAIT_LIMIT,
+              VantrelGUI::onCmdWebUpdatesWaitLimit),
 };
 
 FXIMPLEMENT(VantrelGUI, FXMainWindow, VantrelGUIMap, ARRAYNUMBER(VantrelGUIMap))
@@ -169,6 +196,9 @@ VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
     paths.settingsFile = paths.programDir + ValueFormat::format("%s.ini", APP_NAME);
     programFont = makeProgramFont(app, paths.settingsFile);
     paths.photometryFile = paths.programDir + PHOTOMETRY_FILE_NAME;
+    // The user's field order is kept in the working directory.
+    if (!readOrderToFile(OUTPUT_ORDER_FILE_NAME, outputFields, outputOrder))
+        resetOutputOrder(outputFields, outputOrder);
     settings.setString("pathUserFilesDirectory", paths.programDir);
     model = std::make_unique<CalculateModel>(paths.programDir);
     // Old libraries are rewritten in the current format before they are read.
@@ -191,6 +221,10 @@ VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
 VantrelGUI::~VantrelGUI() {
     getApp()->removeTimeout(this, ID_MAIN_WINDOW_POSITION);
     getApp()->removeTimeout(this, ID_FIT_TO_SCREEN);
+    getApp()->removeTimeout(this, ID_CHECK_UPDATES_7_DAYS_TIMER);
+    getApp()->removeTimeout(this, ID_CHECK_UPDATES_30_DAYS_TIMER);
+    getApp()->removeTimeout(this, ID_WEB_UPDATES_WAIT_LIMIT);
+    webThread.reset();  // joins a worker still asking, before its signal's target goes
     for (FXMenuPane* pane : menuPanes) delete pane;
     // The application gets its own normal font back before the program font goes.
     if (programFont != nullptr && getApp()->getNormalFont() == programFont) {
@@ -219,6 +253,7 @@ void VantrelGUI::create() {
                            libraryReadFailure);
     }
     showPeakFileProblems();
+    startUpdateTimers();
 }
 
 void VantrelGUI::showPeakFileProblems() {
@@ -414,6 +449,7 @@ long VantrelGUI::onCmdFitToScreenSize(FXObject*, FXSelector, void*) {
 
 long VantrelGUI::onCmdQuit(FXObject*, FXSelector, void*) {
     saveSettings();
+    writeToLogfile();
     getApp()->exit(0);
     return 1;
 }
@@ -434,6 +470,8 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
         if (binding.widget != sender) continue;
         setCheckOption(binding);
         if (binding.tag == "colorTabs") setTabColors();
+        if (binding.tag.rfind("checkForUpdatesEvery", 0) == 0)
+            onCmdCheckForUpdatesEveryXDays(sender, 0, nullptr);
         if (binding.tag == "constrain_uMol_sW_to_400_700nm") set_umol_sW_tooltip();
         if (binding.tag == "enableMatchingMenuItem") {
             setupTable();

@@ -15,13 +15,16 @@
 
 #include "AddCommas.h"
 #include "CIE_Plot.h"
+#include "CheckWebForUpdatesThread.h"
 #include "CalculateModel.h"
 #include "DirectInput.h"
 #include "OutputField.h"
 #include "ProgramSettings.h"
+#include "PhotometryFiles.h"
 #include "ReferenceDataFiles.h"
 #include "ResultFields.h"
 #include "SpectrumPlot.h"
+#include "TableUndo.h"
 #include "TextToNumber.h"
 #include "UserDesign.h"
 
@@ -120,6 +123,26 @@ class VantrelGUI : public FXMainWindow {
         ID_IMPORT_SPECTROMETER_LAST = ID_IMPORT_SPECTROMETER + 6,
         ID_IMPORT_FILTER_COLOR_FILE,  // filters from ISD, from text; colours from ISD, from text
         ID_IMPORT_FILTER_COLOR_FILE_LAST = ID_IMPORT_FILTER_COLOR_FILE + 3,
+        // Spectrum tables: the tables themselves, their popup entries and the undo button.
+        ID_TABLE,
+        ID_ZERO_TO_BEGINNING,
+        ID_ZERO_TO_END,
+        ID_COPY_SPECTRUM_TO_MATCHING,
+        ID_INVERT_TABLE,
+        ID_TABLE_PASTE,
+        ID_UNDO_TABLE_EDIT,
+        // Photometry files, printing and the update check.
+        ID_SET_ORDER_EXCEL,
+        ID_OPEN_TXT_FILE,
+        ID_OPEN_ASA_OUT_FILE,
+        ID_OPEN_XLS_FILE,
+        ID_PRINT,
+        ID_CHECK_FOR_UPDATES,
+        ID_CHECK_UPDATES_EVERY_X_DAYS,
+        ID_CHECK_UPDATES_7_DAYS_TIMER,
+        ID_CHECK_UPDATES_30_DAYS_TIMER,
+        ID_WEB_UPDATES_THREAD_ENDED,
+        ID_WEB_UPDATES_WAIT_LIMIT,
         ID_LAST
     };
 
@@ -185,6 +208,60 @@ class VantrelGUI : public FXMainWindow {
     // Imports of spectrometer and text files into the libraries.
     long onCmdOpenISDspecFile(FXObject*, FXSelector, void*);
     long onCmdOpenFilterColorFile(FXObject*, FXSelector, void*);
+
+    // Spectrum tables: clicks, keys and replaced cells of every table, and the popup entries.
+    long onCmdTable(FXObject*, FXSelector, void*);
+    long onCmdTableRightButton(FXObject*, FXSelector, void*);
+    long onTableKeyPress(FXObject*, FXSelector, void*);
+    long onTableReplace(FXObject*, FXSelector, void*);
+    long onCmdZeroToBeginning(FXObject*, FXSelector, void*);
+    long onCmdZeroToEnd(FXObject*, FXSelector, void*);
+    long onCmdCopySpectrumIntoMatchingColumn(FXObject*, FXSelector, void*);
+    long onCmdInvertValuesInTable(FXObject*, FXSelector, void*);
+    long onCmdTablePaste(FXObject*, FXSelector, void*);
+    long onCmdUndoTableEdit(FXObject*, FXSelector, void*);
+    // Photometry files and printing.
+    long onCmdSetOrderExcel(FXObject*, FXSelector, void*);
+    long onCmdOpenTxtFile(FXObject*, FXSelector, void*);
+    long onCmdOpenXlsFile(FXObject*, FXSelector, void*);
+    long onCmdPrint(FXObject*, FXSelector, void*);
+    // The update check, on command and by the start-up timers.
+    long onCmdCheckForUpdates(FXObject*, FXSelector, void*);
+    long onCmdCheckForUpdatesEveryXDays(FXObject*, FXSelector, void*);
+    long onCmdCheckForUpdatesEvery7DaysTimer(FXObject*, FXSelector, void*);
+    long onCmdCheckForUpdatesEvery30DaysTimer(FXObject*, FXSelector, void*);
+    long onCmdCheckWebUpdatesThreadEnded(FXObject*, FXSelector, void*);
+    long onCmdWebUpdatesWaitLimit(FXObject*, FXSelector, void*);
+
+    // Tables: the popup's entries for a cell (empty: no popup there), the cell the popup
+    // entries act on, the undo records and the undo button.
+    std::vector<std::string> tablePopupEntries(Table_zwk7* table, int row, int column) const;
+    void setPopupCell(Table_zwk7* table, int row, int column);
+    // Whether the user may change this column of the table in the current mode.
+    bool isEditableTableColumn(const Table_zwk7* table, int column) const;
+    // Records rows first..last of columns column..lastColumn before an edit; the 21st record
+    // drops the oldest.
+    void manageRedoButton(Table_zwk7* table, int firstRow, int lastRow, int column,
+                          int lastColumn = -1);
+    int getTableUndoCount() const { return tableUndoCount; }
+    FXButton* getUndoTableButton() const { return undoTableButton; }
+    static constexpr int TABLE_UNDO_LEVELS = 20;
+    // Photometry files: where they go, and the text of the last run.
+    std::string photometryTextPath() const;
+    std::string photometryTabPath() const;
+    void setPhotometryFolder(const std::string& folder) { photometryFolder = folder; }
+    OutputField* getOutputFields() { return outputFields; }
+    int* getOutputOrder() { return outputOrder; }
+    // The update check: runs the worker and waits for it with the event loop running, at most
+    // UPDATE_WAIT_LIMIT_MS. Returns the status; *webVersion gets the published version.
+    int runUpdateCheck(double* webVersion);
+    // The start-up check of the 7- or 30-day timer: nothing when the last check is less than
+    // `days` days before `now` (seconds since 1970; 0 for the clock). True when a check ran.
+    bool checkForUpdatesEveryXDays(int days, unsigned long long now = 0);
+    static constexpr int UPDATE_WAIT_LIMIT_MS = 9000;
+    // The usage record at quit: one line appended to vt_logfile.txt in the folder of the
+    // setting usageLogFolder; nothing when that is empty or the user is excluded.
+    void writeToLogfile();
 
     // The internal interface used by tests and, later, by imports and batch runs.
     const ProgramPaths& getPaths() const { return paths; }
@@ -356,6 +433,15 @@ class VantrelGUI : public FXMainWindow {
     void fitDiagramWidth();
 
     // Tables.
+    void hideShowRedoButton();
+    Table_zwk7* getTable(FXObject* sender) const;
+    bool isInputTable(const Table_zwk7* table) const;
+    void updateTableEditable(Table_zwk7* table, int column);
+    void zeroCells(Table_zwk7* table, int firstRow, int lastRow, int column);
+    // Photometry: the files after a Calculate, and the usage record at quit.
+    void writePhotometryFiles();
+    void startUpdateTimers();
+    void promptForAutoCheckForUpdates();
     void setupTable();
     void setTableColumnTitles();
     void setSpectrumTableVisibility();
@@ -522,6 +608,24 @@ class VantrelGUI : public FXMainWindow {
     FXFont* programFont = nullptr;
     FXFont* previousNormalFont = nullptr;  // the application's font before the program's
     FXFont* menuTitleFont = nullptr;       // smaller titles on narrow screens
+
+    // Table edits, newest last, and the cell the popup was opened on.
+    TableUndo tableUndo[TABLE_UNDO_LEVELS];
+    int tableUndoCount = 0;
+    FXButton* undoTableButton = nullptr;
+    Table_zwk7* popupTable = nullptr;
+    int popupRow = -1, popupCol = -1;
+    // Photometry files of this program run.
+    std::string photometryFolder;  // empty: the per-user folder
+    PhotometryFileState photometryState;
+    bool photometryWriteErrorShown = false;  // the "Write error" box was shown for this folder
+    // Uses of the program for the usage record: Calculates by analysis type (0 to 8), update
+    // checks (9).
+    std::array<int, 75> usageCounters = {};
+    // The update check's worker, while one runs or until it is joined.
+    std::unique_ptr<CheckWebForUpdatesThread> webThread;
+    FXuint webThreadFinished = 0;
+    bool updateCheckBusy = false;  // a check waits for its worker
 
     // Menu checks and radios bound to settings options.
     struct OptionBinding {

@@ -182,6 +182,8 @@ long VantrelGUI::onCmdCalculate(FXObject* sender, FXSelector, void*) {
         }
         matchingValid = !matchingSpectrum.empty();
         showOutcome();
+        ++usageCounters[analysisType];
+        writePhotometryFiles();
         if (settings.getInt("_referenceSpectrumForSSI") == 2 && !matchingValid) {
             UserDialogs::error(this, "Spectrum error",
                                "You must first calculate a spectrum and enter it as the matching "
@@ -530,6 +532,7 @@ long VantrelGUI::onCmdCalculateIndividual(FXObject*, FXSelector, void*) {
         ledRows[i].check->setCheck(false);
     }
     if (remembered.empty()) return 1;
+    photometryState.photometryText.clear();
     individualMode = true;
     onCmdClearSavedXYArray(nullptr, 0, nullptr);
     for (int i : remembered) {

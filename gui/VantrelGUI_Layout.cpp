@@ -87,7 +87,7 @@ void VantrelGUI::buildTables(FXComposite* parent) {
         parent, LAYOUT_FILL_Y | LAYOUT_FIX_WIDTH | FRAME_SUNKEN, 0, 0, 250, 0, 0, 0, 0, 0);
     tableSwitcher = new FXSwitcher(frame, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 0, 0, 0, 0, 0, 0);
     auto makeTable = [this](int rows, int tint) {
-        Table_zwk7* table = new Table_zwk7(tableSwitcher, nullptr, 0,
+        Table_zwk7* table = new Table_zwk7(tableSwitcher, this, ID_TABLE,
                                            TABLE_COL_SIZABLE | LAYOUT_FILL_X | LAYOUT_FILL_Y);
         table->setTableSize(rows, 2);
         table->setRowHeaderWidth(0);
@@ -99,6 +99,7 @@ void VantrelGUI::buildTables(FXComposite* parent) {
         return table;
     };
     displayTable = makeTable(Vantrel::NUM_GRID_POINTS, -1);
+    displayTable->setEditable(FALSE);  // until a click on a column the user may change
     // Only the matching column of the display table takes input; see fillWavelengthColumns.
     for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
         const InputTableGrid grid = inputTableGrid(r, false);
@@ -216,6 +217,7 @@ void VantrelGUI::setAnalysisType(int type) {
     updateCalculateButton();
     setSpectrumTableVisibility();
     setTableColumnTitles();
+    hideShowRedoButton();
 }
 
 void VantrelGUI::setSpectrumRange(int range) {
@@ -272,7 +274,12 @@ long VantrelGUI::onCmdBluePeakChk(FXObject*, FXSelector, void*) {
     return 1;
 }
 
-long VantrelGUI::onCmdClearSpectrumData(FXObject*, FXSelector, void*) {
+long VantrelGUI::onCmdClearSpectrumData(FXObject* sender, FXSelector, void*) {
+    // From the menu the matching column goes too.
+    if (sender != nullptr && displayTable->getNumColumns() > 2) {
+        for (int i = 0; i < displayTable->getNumRows(); ++i) displayTable->setItemText(i, 2, "");
+        matchingValid = false;
+    }
     for (int i = 0; i < displayTable->getNumRows(); ++i) displayTable->setItemText(i, 1, "");
     for (int r = 0; r < NUM_SPECTRUM_RANGES; ++r) {
         Table_zwk7* table = inputTables[r];

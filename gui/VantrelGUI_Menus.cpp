@@ -122,8 +122,9 @@ void VantrelGUI::buildMenus() {
         cmd("", ID_RECENT_FILE + 9),
         cmd("Clear recent project list", ID_CLEAR_RECENT_PROJECT_LIST),
         sep(),
-        cmd(ValueFormat::format("Open %s file", photometryName.c_str())),
-        cmd("Open asa_out.txt file"),
+        cmd(ValueFormat::format("Open %s file", photometryName.c_str()), ID_OPEN_TXT_FILE),
+        cmd("Open asa_out.txt file", ID_OPEN_ASA_OUT_FILE),
+        cmd("Print the CIE diagram...", ID_PRINT),
         sep(),
         cmd("Exit", ID_QUIT)};
     addMenu("File", fileMenu, std::size(fileMenu));
@@ -161,7 +162,7 @@ void VantrelGUI::buildMenus() {
         radio("Photons/(s-nm)", "freeFormatInputUnitsIndex", 3),
         end(),
         sep(),
-        cmd("Invert values in table"),
+        cmd("Invert values in table", ID_INVERT_TABLE),
         check("Hide the spectrum data when possible", "hideSpectrumDataMenuItem"),
         check("Set empty cells in spectrum to 0", "zeroEmptyCellsMenuItem"),
         check("Use orginal spectral intensity if lumens or watts are blank",
@@ -192,20 +193,25 @@ void VantrelGUI::buildMenus() {
         radio("Write x, y and Duv with 4 decimals", "numDecimalsFor_xyDuv_etc", 4),
         radio("Write x, y and Duv with 6 decimals", "numDecimalsFor_xyDuv_etc", 6),
         sep(),
-        cmd(ValueFormat::format("Write photometry data to a file (%s)", photometryName.c_str())),
-        cmd(ValueFormat::format("Write the gamuts, COI, Class A, TLCI && umol/J to the %s file",
-                                photometryName.c_str())),
-        cmd("Write abbreviated photometry in tabbed format"),
-        cmd(ValueFormat::format("Write photometry data to Excel (tab delimited) file (%s)",
-                                photometryXls.c_str())),
+        check(ValueFormat::format("Write photometry data to a file (%s)", photometryName.c_str()),
+              "writeDataMenuItem"),
+        check(ValueFormat::format("Write the gamuts, COI, Class A, TLCI && umol/J to the %s file",
+                                  photometryName.c_str()),
+              "writeGamuts_COI_ClassA_TLCI_toFile_Chk"),
+        check("Write abbreviated photometry in tabbed format", "writeTabbedDataMenuItem"),
+        check(ValueFormat::format("Write photometry data to Excel (tab delimited) file (%s)",
+                                  photometryXls.c_str()),
+              "writeAllToPhotometryExcelMenuItem"),
         cmd(ValueFormat::format(
-            "Set the order of the photometry data written to the Excel (tab delimited) "
-            "file (%s)",
-            photometryXls.c_str())),
-        cmd(ValueFormat::format(
-            "Write u'v' for the R-values, Q-values, and any checked User Colors to Excel "
-            "file (%s)",
-            CRI_CQS_UPVP_FILENAME)),
+                "Set the order of the photometry data written to the Excel (tab delimited) "
+                "file (%s)",
+                photometryXls.c_str()),
+            ID_SET_ORDER_EXCEL),
+        check(ValueFormat::format(
+                  "Write u'v' for the R-values, Q-values, and any checked User Colors to Excel "
+                  "file (%s)",
+                  CRI_CQS_UPVP_FILENAME),
+              "writeColors_upvp_ExcelMenuItem"),
         cmd("Write the binning runs to a file"),
         sep(),
         radio("Gamut based on 1976 (u'v') diagram", "gamutType", 0),
@@ -480,7 +486,7 @@ void VantrelGUI::buildMenus() {
 
     const MenuItemDef help[] = {
         cmd(ValueFormat::format("%s web site", APP_NAME), ID_OPEN_WEB_SITE),
-        cmd("Check the web site for updates now"),
+        cmd("Check the web site for updates now", ID_CHECK_FOR_UPDATES),
         check("Check for updates at start-up every 7 days", "checkForUpdatesEvery7Days_Menu"),
         check("Check for updates at start-up every 30 days", "checkForUpdatesEvery30Days_Menu"),
         sep(),
@@ -497,12 +503,13 @@ void VantrelGUI::buildToolBar(FXComposite* parent) {
         FXSelector id;
     };
     const ToolDef tools[] = {
-        {"Photometry", ValueFormat::format("\tOpen %s file", PHOTOMETRY_FILE_NAME), 0},
+        {"Photometry", ValueFormat::format("\tOpen %s file", PHOTOMETRY_FILE_NAME),
+         ID_OPEN_TXT_FILE},
         {"Select all", "\tSelect entire table", FXTable::ID_SELECT_ALL},
         {"Copy", "\tCopy selection to clipboard", FXTable::ID_COPY_SEL},
         {"Paste", "\tPaste selection from clipboard", FXTable::ID_PASTE_SEL},
         {"Clear", "\tClear input data or table", ID_CLEAR_INPUT_DATA},
-        {"Undo", "\tUndo changes to table", 0},
+        {"Undo", "\tUndo changes to table", ID_UNDO_TABLE_EDIT},
         {"Custom CIE", "\tMake custom CIE plots entering your own points", 0},
         {"Save xy", "\tSave current x,y values for Duv and 3 color mixing calculations",
          ID_ADD_XY_TO_ARRAY},
@@ -524,5 +531,9 @@ void VantrelGUI::buildToolBar(FXComposite* parent) {
                                         BUTTON_TOOLBAR | FRAME_RAISED | LAYOUT_CENTER_Y);
         if (tool.id == 0) button->disable();
         if (tableCommand) tableButtons.push_back(button);
+        if (tool.id == ID_UNDO_TABLE_EDIT) {
+            undoTableButton = button;  // enabled while there is an edit to undo
+            button->disable();
+        }
     }
 }

@@ -65,44 +65,83 @@ FXint Table_zwk7::endRow() const { return isAnythingSelected() ? selection.to.ro
 
 FXint Table_zwk7::endCol() const { return isAnythingSelected() ? selection.to.col : current.col; }
 
+void Table_zwk7::acceptInput(FXbool notify) {
+    if (editor != nullptr && notify) {
+        const FXTextField* field = dynamic_cast<const FXTextField*>(editor);
+        const FXint r = input.fm.row, c = input.fm.col;
+        if (field == nullptr || field->getText() != getItemText(r, c)) notifyReplace(r, r, c, c);
+    }
+    FXTable::acceptInput(FALSE);
+}
+
 long Table_zwk7::onCmdPasteSel(FXObject*, FXSelector, void*) {
+    // The target settles, as for a click on the current cell, whether the table may be edited
+    // there (the Edit menu pastes without a click).
+    if (target != nullptr) target->tryHandle(this, FXSEL(SEL_COMMAND, message), nullptr);
     if (!isEditable()) {
         getApp()->beep();
         return 1;
     }
-    // A selected block is emptied first; disabled cells (fixed wavelengths) stay.
-    if (isAnythingSelected() && selection.fm.row >= 0 && selection.fm.col >= 0)
-        for (FXint r = selection.fm.row; r <= selection.to.row; ++r)
-            for (FXint c = selection.fm.col; c <= selection.to.col; ++c)
-                if (isItemEnabled(r, c)) FXTable::setItemText(r, c, FXString::null, TRUE);
     FXString text;
     FXuchar* data = nullptr;
     FXuint size = 0;
+    bool found = true;
     if (getDNDData(FROM_CLIPBOARD, utf8Type, text)) {
-        pasteText(text);
     } else if (getDNDData(FROM_CLIPBOARD, utf16Type, data, size)) {
         FXUTF16LECodec codec;  // X11 programs send UTF-16 in the machine's order
         text = codec.mb2utf(reinterpret_cast<const FXchar*>(data), static_cast<FXint>(size));
         FXFREE(&data);
-        pasteText(text);
     } else if (getDNDData(FROM_CLIPBOARD, stringType, text)) {
         FX88591Codec codec;
-        pasteText(codec.mb2utf(text));
-    } else if (getDNDData(FROM_CLIPBOARD, csvType, text)) {
+        text = codec.mb2utf(text);
+    } else if (!getDNDData(FROM_CLIPBOARD, csvType, text)) {
+        found = false;
+    }
+    if (!found) return 1;
+    // A selected block is emptied first; disabled cells (fixed wavelengths) stay. The target
+    // hears of the whole block (selection and pasted cells) once, before anything changes.
+    if (isAnythingSelected() && selection.fm.row >= 0 && selection.fm.col >= 0) {
+        FXint rows = 0, cols = 0;
+        blockOf(text, &rows, &cols);
+        const FXint r0 = pasteRow(), c0 = pasteCol();
+        notifyReplace(FXMIN(selection.fm.row, r0), FXMAX(selection.to.row, r0 + rows - 1),
+                      FXMIN(selection.fm.col, c0), FXMAX(selection.to.col, c0 + cols - 1));
+        for (FXint r = selection.fm.row; r <= selection.to.row; ++r)
+            for (FXint c = selection.fm.col; c <= selection.to.col; ++c)
+                if (isItemEnabled(r, c)) FXTable::setItemText(r, c, FXString::null);
+        pasteText(text, false);
+    } else {
         pasteText(text);
     }
     return 1;
 }
 
-void Table_zwk7::pasteText(FXString text) {
+void Table_zwk7::blockOf(FXString& text, FXint* rows, FXint* cols) const {
     text.substitute(',', '.');
     // A Windows line end is one line end, a lone carriage return (old Mac files) one too.
     text.substitute("\r\n", "\n");
     text.substitute('\r', '\n');
+    *rows = *cols = 0;
+    countText(*rows, *cols, text, "\t,", "\n");
+}
+
+void Table_zwk7::notifyReplace(FXint firstRow, FXint lastRow, FXint firstCol, FXint lastCol) {
+    if (target == nullptr) return;
+    FXTableRange range;
+    range.fm.row = FXMAX(firstRow, 0);
+    range.fm.col = FXMAX(firstCol, 0);
+    range.to.row = FXMIN(lastRow, getNumRows() - 1);
+    range.to.col = FXMIN(lastCol, getNumColumns() - 1);
+    if (range.to.row < range.fm.row || range.to.col < range.fm.col) return;
+    target->tryHandle(this, FXSEL(SEL_REPLACED, message), &range);
+}
+
+void Table_zwk7::pasteText(FXString text, bool notify) {
     FXint rows = 0, cols = 0;
-    countText(rows, cols, text, "\t,", "\n");
+    blockOf(text, &rows, &cols);
     if (rows < 1 || cols < 1) return;
     const FXint r0 = pasteRow(), c0 = pasteCol();
+    if (notify) notifyReplace(r0, r0 + rows - 1, c0, c0 + cols - 1);
     if (allowResizingOfRows && r0 + rows > getNumRows()) growRows(r0 + rows - getNumRows());
     checkPasteSize(&rows, &cols);
     if (rows < 1 || cols < 1) return;
@@ -116,7 +155,7 @@ void Table_zwk7::pasteText(FXString text) {
     for (FXint r = r0; r < r0 + rows; ++r)
         for (FXint c = c0; c < c0 + cols; ++c)
             if (!isItemEnabled(r, c)) kept.push_back({r, c, getItemText(r, c)});
-    overlayText(r0, r0 + rows - 1, c0, c0 + cols - 1, text, "\t,", "\n", TRUE);
+    overlayText(r0, r0 + rows - 1, c0, c0 + cols - 1, text, "\t,", "\n", FALSE);
     for (const Kept& cell : kept) FXTable::setItemText(cell.row, cell.col, cell.text);
     replaceDecimalOnPaste(r0, r0 + rows - 1, c0, c0 + cols - 1);
 }

@@ -41,6 +41,11 @@ class Table_zwk7 : public FXTable {
     bool getSizeError() const { return sizeError; }
     void resetSizeError() { sizeError = false; }
 
+    // A typed cell is accepted. The target hears of the cell by SEL_REPLACED before it changes,
+    // as of every other change (FOX itself tells only afterwards), and not at all when the
+    // text stays the same.
+    void acceptInput(FXbool notify = FALSE) override;
+
     // Paste from the clipboard (UTF-8, UTF-16, Latin-1 text or CSV, the first offered).
     long onCmdPasteSel(FXObject*, FXSelector, void*);
 
@@ -49,7 +54,9 @@ class Table_zwk7 : public FXTable {
     // when it may, and the block is laid over the table from the current cell. What does not
     // fit is dropped and sets the size error. Disabled cells (fixed wavelengths) keep their
     // text. Cells pasted are written with the comma option.
-    void pasteText(FXString text);
+    // The target hears of the block once by SEL_REPLACED (an FXTableRange, rows as the table
+    // has them before it grows) before anything changes, unless notify is false.
+    void pasteText(FXString text, bool notify = true);
 
     // Clips a block of *rows x *cols to what fits from the current cell; true (and the size
     // error set) when something had to go. Rows never overflow a table that may grow.
@@ -64,6 +71,10 @@ class Table_zwk7 : public FXTable {
   private:
     // Adds rows at the end, each with the text of the present last row.
     void growRows(int count);
+    // The clipboard text made ready for the table, and the size of its block.
+    void blockOf(FXString& text, FXint* rows, FXint* cols) const;
+    // SEL_REPLACED to the target for the range, clipped to the table.
+    void notifyReplace(FXint firstRow, FXint lastRow, FXint firstCol, FXint lastCol);
     FXint pasteRow() const { return current.row < 0 ? 0 : current.row; }
     FXint pasteCol() const { return current.col < 0 ? 0 : current.col; }
 
