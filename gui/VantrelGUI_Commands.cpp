@@ -8,6 +8,7 @@
 #include "Fox_Fixes/Table_zwk7.h"
 #include "UserDialogs.h"
 #include "Utilities_zwk7.h"
+#include "ValueFormat.h"
 #include "Vantrel.h"
 #include "VantrelGUI.h"
 
@@ -49,13 +50,21 @@ long VantrelGUI::onCmdWriteCoefficients(FXObject*, FXSelector, void*) {
 }
 
 long VantrelGUI::onCmdWriteSpectrumData(FXObject*, FXSelector, void*) {
+    // The calculated spectrum of the 2 nm table: "nm value " a line.
     FXString directory = settings.getString("pathUserFilesDirectory").c_str();
     FXString name, path;
-    while (Utilities_zwk7::saveFile(this, "Save spectrum data", ".txt", "", &directory, &name,
-                                    &path)) {
-        if (Utilities_zwk7::writeTableToFile(path, getShownTable())) break;
-        UserDialogs::error(this, "File error",
-                           "File \"%s\" could not be written, try a different name.", path.text());
+    if (!Utilities_zwk7::saveFile(this, "Save file", ".txt", "", &directory, &name, &path))
+        return 1;
+    const TextToNumber reader;
+    std::string text;
+    for (int i = 0; i < displayTable->getNumRows(); ++i) {
+        const double nm = reader.getValue(displayTable->getItemText(i, 0).text());
+        const double value = reader.getValue(displayTable->getItemText(i, 1).text());
+        text += ValueFormat::format("%.0lf %.3le \n", nm, value);
+    }
+    if (!writeFileAtomically(path.text(), text)) {
+        UserDialogs::error(this, "Write error", "Cannot open file \"%s\" for writting.",
+                           path.text());
     }
     return 1;
 }

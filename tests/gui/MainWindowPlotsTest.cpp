@@ -273,16 +273,21 @@ TEST_F(MainWindow, SmallCommandsOfTheMenusDoTheirWork) {
         written += fs::exists(folder / f) ? 1 : 0;
     EXPECT_EQ(written, 8);
 
-    // The shown table as text.
-    paste(RANGE_360_830_2NM, "360\t1.5\n");
+    // The calculated spectrum as text, a "nm value " line per row of the 2 nm table.
+    chooseAnalysis(2);
+    gui->onCmdCalculate(nullptr, 0, nullptr);
+    ASSERT_TRUE(gui->hasResults());
     script.files = {(folder / "spectrum").string()};
     gui->onCmdWriteSpectrumData(nullptr, 0, nullptr);
     std::ifstream text(folder / "spectrum.txt");
-    std::string header, first;
-    std::getline(text, header);
-    std::getline(text, first);
-    EXPECT_EQ(header, "Wavelength (nm)\tSpectrum (W/nm)");
-    EXPECT_EQ(first, "360\t1.5");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) lines.push_back(line);
+    ASSERT_EQ(lines.size(), static_cast<std::size_t>(Vantrel::NUM_GRID_POINTS));
+    EXPECT_EQ(lines[0].rfind("360 ", 0), 0u);
+    EXPECT_EQ(lines.back().rfind("830 ", 0), 0u);
+    const double at560 = std::stod(lines[100].substr(4));
+    EXPECT_NEAR(at560, std::stod(gui->getDisplayTable()->getItemText(100, 1).text()), at560 * 1e-3);
+    EXPECT_EQ(lines[100].back(), ' ');
 
     // The matching title and data.
     script.forms = {{"Target LED"}};
