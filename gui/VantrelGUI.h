@@ -15,12 +15,12 @@
 
 #include "AddCommas.h"
 #include "CIE_Plot.h"
-#include "CheckWebForUpdatesThread.h"
 #include "CalculateModel.h"
+#include "CheckWebForUpdatesThread.h"
 #include "DirectInput.h"
 #include "OutputField.h"
-#include "ProgramSettings.h"
 #include "PhotometryFiles.h"
+#include "ProgramSettings.h"
 #include "ReferenceDataFiles.h"
 #include "ResultFields.h"
 #include "SpectrumPlot.h"
@@ -225,6 +225,8 @@ class VantrelGUI : public FXMainWindow {
     long onCmdOpenTxtFile(FXObject*, FXSelector, void*);
     long onCmdOpenXlsFile(FXObject*, FXSelector, void*);
     long onCmdPrint(FXObject*, FXSelector, void*);
+    // The diagram on one page of the printer (or PostScript file) chosen; false on failure.
+    bool printCIEDiagram(FXPrinter& printer);
     // The update check, on command and by the start-up timers.
     long onCmdCheckForUpdates(FXObject*, FXSelector, void*);
     long onCmdCheckForUpdatesEveryXDays(FXObject*, FXSelector, void*);

@@ -162,11 +162,13 @@ long VantrelGUI::onCmdPrint(FXObject*, FXSelector, void*) {
     if (!dialog.execute(PLACEMENT_OWNER)) return 1;
     FXPrinter printer;
     dialog.getPrinter(printer);
+    if (!printCIEDiagram(printer)) UserDialogs::error(this, "Printer Error", "Unable to print");
+    return 1;
+}
+
+bool VantrelGUI::printCIEDiagram(FXPrinter& printer) {
     FXDCPrint pdc(getApp());
-    if (ciePlotCanvas == nullptr || !pdc.beginPrint(printer)) {
-        UserDialogs::error(this, "Printer Error", "Unable to print");
-        return 1;
-    }
+    if (ciePlotCanvas == nullptr || !pdc.beginPrint(printer)) return false;
     // The diagram as the screen shows it, on one page.
     const int w = ciePlotCanvas->getWidth(), h = ciePlotCanvas->getHeight();
     FXImage image(getApp(), nullptr, IMAGE_KEEP, w, h);
@@ -179,8 +181,7 @@ long VantrelGUI::onCmdPrint(FXObject*, FXSelector, void*) {
     pdc.beginPage(1);
     pdc.drawImage(&image, 0, 0);
     pdc.endPage();
-    if (!pdc.endPrint()) UserDialogs::error(this, "Printer Error", "Unable to print");
-    return 1;
+    return pdc.endPrint() != 0;
 }
 
 void VantrelGUI::writeToLogfile() {

@@ -209,6 +209,29 @@ TEST_F(MainWindowPlots, BordersTheUserDraggedComeBackAtTheNextStart) {
     EXPECT_NE(gui->getCIECanvas()->getWidth(), 320);
 }
 
+TEST_F(MainWindowPlots, TheDiagramPrintsAsOnePostScriptPage) {
+    FXPrinter printer;
+    printer.name = (folder / "diagram.ps").string().c_str();
+    printer.firstpage = printer.lastpage = printer.frompage = printer.topage = 1;
+    printer.currentpage = 1;
+    printer.mediasize = 0;
+    printer.mediawidth = 612.0;
+    printer.mediaheight = 792.0;
+    printer.leftmargin = printer.rightmargin = printer.topmargin = printer.bottommargin = 72.0;
+    printer.numcopies = 1;
+    printer.flags = PRINT_DEST_FILE | PRINT_COLOR;
+    ASSERT_TRUE(gui->printCIEDiagram(printer));
+    std::ifstream ps(folder / "diagram.ps");
+    std::string first, all((std::istreambuf_iterator<char>(ps)), std::istreambuf_iterator<char>());
+    first = all.substr(0, all.find('\n'));
+    EXPECT_EQ(first.rfind("%!PS", 0), 0u);
+    EXPECT_NE(all.find("showpage"), std::string::npos);
+    EXPECT_GT(all.size(), 10000u) << "the diagram's image is on the page";
+    // A file that cannot be made is a failure, not a crash.
+    printer.name = (folder / "no such folder" / "diagram.ps").string().c_str();
+    EXPECT_FALSE(gui->printCIEDiagram(printer));
+}
+
 TEST_F(MainWindowPlots, EveryCheckOfTheCIEPlotMenuRedrawsAtOnce) {
     struct Toggle {
         const char* tag;
