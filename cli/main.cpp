@@ -6,6 +6,7 @@
 
 #include "CalcCommand.h"
 #include "ConvertCommand.h"
+#include "ReportCommand.h"
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
@@ -22,6 +23,14 @@ int main(int argc, char** argv) {
     if (command == "convert") {
         try {
             return runConvert({args.begin() + 1, args.end()}, std::cout, std::cerr);
+        } catch (const std::exception& e) {
+            std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
+            return EXIT_INPUT_PROBLEM;
+        }
+    }
+    if (command == "report") {
+        try {
+            return runReport({args.begin() + 1, args.end()}, std::cout, std::cerr);
         } catch (const std::exception& e) {
             std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
             return EXIT_INPUT_PROBLEM;
