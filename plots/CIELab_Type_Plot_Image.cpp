@@ -129,9 +129,11 @@ void CIELab_Type_Plot_Image::makeImage(Canvas& canvas, double x, double y, doubl
     plotSide = side;
     plotLeft = x + leftPad + (w - leftPad - th / 2 - side) / 2;
     plotTop = y + th / 2;
-    const double span = std::max(maxA - minA, maxB - minB);
-    maxA = minA + span;
-    minB = maxB - span;
+    // One scale on both axes, symmetric about the neutral point.
+    const double half = std::max({maxA, -minA, maxB, -minB});
+    minA = minB = -half;
+    maxA = maxB = half;
+    const double span = 2 * half;
     pixelsPerUnit = side / span;
     canvas.clip(plotLeft, plotTop, side, side);
     if (options.colorFill) {
@@ -168,7 +170,8 @@ void CIELab_Type_Plot_Image::makeImage(Canvas& canvas, double x, double y, doubl
                         style, contrast);
         TextStyle up = style;
         up.rotated = true;
-        canvas.drawText(x + e.ascent, plotTop + side / 2, axisName(true), up, contrast);
+        canvas.drawText(plotLeft - leftPad + e.ascent, plotTop + side / 2, axisName(true), up,
+                        contrast);
     }
 }
 

@@ -95,8 +95,11 @@ void drawTLCIChart(Canvas& canvas, const QualityPlotData& data, const TLCIChartO
         const SpectrumResults& r = data.results;
         const bool valid = r.tlciQa >= 0;
         char text[256];
+        // The bracket holds the Duv of the light, or N/A when no index could be had.
+        char duv[32];
+        std::snprintf(duv, sizeof(duv), "Duv %.4f", r.duv);
         std::snprintf(text, sizeof(text), "%s : CCT = %s%.0lf (%s)", data.name.c_str(), "", r.cct,
-                      valid ? "Qa" : "N/A");
+                      valid ? duv : "N/A");
         canvas.drawText(W / 2, y, std::string(text) + "   " + tlciValueText(r.tlciQa), center,
                         ARGB_WHITE);
     }
