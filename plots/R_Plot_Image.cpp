@@ -215,7 +215,11 @@ void R_Plot_Image::drawHatch(Canvas& canvas, double x, double y, double w, doubl
 void R_Plot_Image::drawBars(Canvas& canvas, double th) {
     const double s = options.scale;
     const bool rq = mode == 'R' || mode == 'Q';
-    const double inset = std::max(1.0, std::floor(slot * 0.15));
+    // Narrow bars (the 99 samples) fill their slots and keep a hairline outline, so that their
+    // colours still show.
+    const bool narrow = slot < 8 * s;
+    const double inset = narrow ? 0.0 : std::max(1.0, std::floor(slot * 0.15));
+    const double outline = narrow ? 0.25 * s : s;
     std::vector<std::string> texts;
     double widest = 0;
     for (double v : values) {
@@ -244,7 +248,7 @@ void R_Plot_Image::drawBars(Canvas& canvas, double th) {
             } else {
                 canvas.fillRectangle(x0, top, bw, bh, colors[i]);
             }
-            canvas.drawRectangle(x0, top, bw, bh, contrast, s);
+            canvas.drawRectangle(x0, top, bw, bh, contrast, outline);
         }
         if (!options.showValues) continue;
         TextStyle style;

@@ -387,8 +387,8 @@ TM30ReportOutcome makeTM30Report(Canvas& canvas, const QualityPlotData& data,
             static_cast<std::size_t>((boxH - noteFont * 0.6) / (noteFont * 1.25));
         std::vector<std::string> lines;
         const std::string note = cleanReportText(fields.note, 600);
-        outcome.noteTooLong = fields.note.size() > 600 ||
-                              !wrapText(canvas, note, noteFont, boxW - noteFont, maxLines, &lines);
+        const bool wrapped = wrapText(canvas, note, noteFont, boxW - noteFont, maxLines, &lines);
+        outcome.noteTooLong = !wrapped || note.size() < fields.note.size();
         TextStyle plain;
         plain.size = noteFont;
         for (std::size_t k = 0; k < lines.size(); ++k) {
