@@ -338,5 +338,6 @@ void CIELab_Type_Plot_Image::drawGraphic(Canvas& canvas, double th) {
     const double bottom = plotTop + plotSide - be.descent - 4 * s;
     canvas.drawText(rx, bottom - (be.ascent + be.descent),
                     formatNumber("CCT = %.0f K", graphicValues.cct), values, contrast);
-    canvas.drawText(rx, bottom, formatNumber("Duv = %.4f", graphicValues.duv), values, contrast);
+    const double duv = std::fabs(graphicValues.duv) < 5e-5 ? 0.0 : graphicValues.duv;
+    canvas.drawText(rx, bottom, formatNumber("Duv = %.4f", duv), values, contrast);
 }

@@ -44,7 +44,8 @@ void drawRQ(Canvas& canvas, bool cqs, const QualityPlotData& data, const Quality
                                 : std::string(1, letter) + std::to_string(k));
     }
     RPlotOptions options;
-    options.fontSize = s.fontSize;
+    options.fontSize = s.fontSize * s.scale;
+    options.scale = s.scale;
     options.showValues = true;
     options.gridLines = true;
     R_Plot_Image plot;
@@ -78,7 +79,8 @@ void drawHueBars(Canvas& canvas, char mode, const QualityPlotData& data,
         }
     }
     RPlotOptions options;
-    options.fontSize = s.fontSize;
+    options.fontSize = s.fontSize * s.scale;
+    options.scale = s.scale;
     options.showValues = mode != 'S';
     options.showNumInBins = mode != 'S';
     options.standardShiftLimits = s.report.standardShiftLimits;
@@ -115,7 +117,8 @@ void drawPlane(Canvas& canvas, QualityChart chart, const QualityPlotData& data,
         }
     }
     CIELabPlotOptions options;
-    options.fontSize = s.fontSize;
+    options.fontSize = s.fontSize * s.scale;
+    options.scale = s.scale;
     options.lStar = 70;
     options.connectingLines = chart != QualityChart::CAM02_UCS;
     CIELab_Type_Plot_Image plot;
@@ -126,7 +129,8 @@ void drawPlane(Canvas& canvas, QualityChart chart, const QualityPlotData& data,
 
 void drawGraphicAlone(Canvas& canvas, const QualityPlotData& data, const QualityChartSettings& s) {
     CIELabPlotOptions options;
-    options.fontSize = s.fontSize;
+    options.fontSize = s.fontSize * s.scale;
+    options.scale = s.scale;
     options.showPercentCircles = s.report.percentCircles;
     CIELab_Type_Plot_Image graphic;
     graphic.setOptions("G", options);
@@ -235,7 +239,8 @@ TM30ReportOutcome drawQualityChart(Canvas& canvas, QualityChart chart, const Qua
             break;
         case QualityChart::RG_RF: {
             TM30RgRfPlot plot;
-            plot.setFontSize(settings.fontSize);
+            plot.setFontSize(settings.fontSize * settings.scale);
+            plot.setScaleFactor(settings.scale);
             plot.plotPoints({data.results.Rf}, {data.results.Rg}, {data.name}, false, {0}, true,
                             true, Vantrel::getTM30_version());
             plot.drawPlot(canvas, 0, 0, canvas.width(), canvas.height());
@@ -246,7 +251,7 @@ TM30ReportOutcome drawQualityChart(Canvas& canvas, QualityChart chart, const Qua
             break;
         case QualityChart::TLCI: {
             TLCIChartOptions options;
-            options.fontSize = settings.fontSize;
+            options.fontSize = settings.fontSize * settings.scale;
             drawTLCIChart(canvas, data, options);
             break;
         }

@@ -36,6 +36,7 @@ struct QualityChartSettings {
     int width = 800;         // pixels, charts other than the report
     int height = 600;        // pixels
     double fontSize = 14.0;  // pixels
+    double scale = 1.0;      // line widths and fonts grow by it (images saved at 2x, 4x...)
     TM30ReportOptions report;
     TM30ReportFields fields;
 };

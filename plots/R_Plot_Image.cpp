@@ -26,6 +26,11 @@ void R_Plot_Image::setData(char plotMode, const std::vector<double>& barValues,
                            const RPlotOptions& plotOptions, const std::vector<int>& binCounts) {
     mode = plotMode;
     values = barValues;
+    // Hue shifts are carried as whole ten-thousandths of a radian, so that shifts of a light on
+    // the locus that only differ by rounding count as none.
+    if (mode == 'H') {
+        for (double& v : values) v = std::trunc(v * 10000) / 10000;
+    }
     colors = barColors;
     colors.resize(values.size(), 0xFF808080u);
     labels = barLabels;
@@ -89,7 +94,11 @@ void R_Plot_Image::getMinMaxRvalue(double* minValue, double* maxValue, double* s
 }
 
 std::string R_Plot_Image::getValueLabel(double value) const {
-    if (mode == 'H') return format("%.*lf", value, getHueShiftsOutputDecimals());
+    if (mode == 'H') {
+        // No negative zero: a value that prints as zero is written as 0.
+        if (std::fabs(value) < 0.5 * std::pow(10.0, -getHueShiftsOutputDecimals())) value = 0;
+        return format("%.*lf", value, getHueShiftsOutputDecimals());
+    }
     if (mode == 'C') return format("%d%%", value);
     return format("%d", value);
 }
@@ -227,6 +236,9 @@ void R_Plot_Image::drawBars(Canvas& canvas, double th) {
         widest = std::max(widest, canvas.measureText(texts.back(), options.fontSize, false).width);
     }
     const bool rotateValues = widest > slot - 2 * inset + 5 * s;
+    const bool labelsOnZeroLine =
+        zeroY < plotTop + plotHeight - 1 &&
+        (mode == 'R' || mode == 'Q' || (isHueMode(mode) && options.hueBinLabels == 1));
     for (std::size_t i = 0; i < values.size(); ++i) {
         const double x0 = plotLeft + i * slot + inset;
         const double bw = slot - 2 * inset;
@@ -257,6 +269,9 @@ void R_Plot_Image::drawBars(Canvas& canvas, double th) {
         style.rotated = rotateValues;
         double yy = values[i] >= 1 ? zeroY - height - 5 * s : zeroY - height + th / 2 + 5 * s;
         if (!rotateValues && values[i] < 1) yy += th / 2;
+        // Under a short bar the label keeps clear of the bar labels on the zero line.
+        if (values[i] < 1 && labelsOnZeroLine)
+            yy = std::max(yy, zeroY + (rotateValues ? 1.5 : 2) * th);
         yy = std::max(yy, plotTop + th);
         yy = std::min(yy, plotTop + plotHeight - 2);
         const double cx = barCenterX(static_cast<int>(i)) + (rotateValues ? th / 3 : 0);
@@ -267,7 +282,7 @@ void R_Plot_Image::drawBars(Canvas& canvas, double th) {
             if (values[i] >= 1) {
                 yy = std::max(yy, plotTop + length + 2 * s);
             } else {
-                yy = zeroY - height + 5 * s;
+                yy = std::max(zeroY - height + 5 * s, labelsOnZeroLine ? zeroY + 1.5 * th : 0.0);
                 yy = std::min(yy, plotTop + plotHeight - length - 2 * s);
             }
         }

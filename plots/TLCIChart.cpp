@@ -97,8 +97,9 @@ void drawTLCIChart(Canvas& canvas, const QualityPlotData& data, const TLCIChartO
         char text[256];
         // The bracket holds the Duv of the light, or N/A when no index could be had.
         char duv[32];
-        std::snprintf(duv, sizeof(duv), "Duv %.4f", r.duv);
-        std::snprintf(text, sizeof(text), "%s : CCT = %s%.0lf (%s)", data.name.c_str(), "", r.cct,
+        std::snprintf(duv, sizeof(duv), "Duv %.4f", std::fabs(r.duv) < 5e-5 ? 0.0 : r.duv);
+        const std::string lamp = data.name.empty() ? "Test" : data.name;
+        std::snprintf(text, sizeof(text), "%s : CCT = %s%.0lf (%s)", lamp.c_str(), "", r.cct,
                       valid ? duv : "N/A");
         canvas.drawText(W / 2, y, std::string(text) + "   " + tlciValueText(r.tlciQa), center,
                         ARGB_WHITE);
