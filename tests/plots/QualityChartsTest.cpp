@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "CIEPointPlot.h"
 #include "CairoCanvas.h"
 #include "QualityCharts.h"
 #include "R_Plot_Image.h"
@@ -294,6 +295,42 @@ TEST_F(Report, TLCIPatchesShowTestInsideReferenceInTheirCoding) {
         EXPECT_EQ(canvas.pixel(static_cast<int>(r.x + r.w - 3), static_cast<int>(r.y + r.h - 3)),
                   argbFromRGB(ref[0], ref[1], ref[2]));
     }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(CIEPointPlot, PointsLocusAndEllipsesStandWhereTheyBelong) {
+    // Points about 3000 K on the locus: x 0.4369, y 0.4041.
+    const double tx = 0.4369, ty = 0.4041;
+    CIEPointPlotOptions options;
+    options.ellipseSteps = {1, 3};
+    CIEPointPlot plot;
+    plot.setData({0.4380, 0.4350}, {0.4050, 0.4030}, tx, ty, options);
+    EXPECT_EQ(plot.ellipseCaption(), "1, 3,  MacAdam elipses");
+    CairoCanvas canvas(ImageFileType::PNG, 600, 600);
+    plot.makeImage(canvas, 0, 0, 600, 600);
+    EXPECT_EQ(canvas.pixel(static_cast<int>(plot.xToScreen(0.4380)),
+                           static_cast<int>(plot.yToScreen(0.4050))),
+              ARGB_BLACK);
+    // Going right from the target the line first meets the 1-step ellipse (red), about a
+    // MacAdam step (some 0.001 in x) away, well before the 3-step one.
+    const int y = static_cast<int>(plot.yToScreen(ty));
+    int firstRed = -1;
+    for (int x = static_cast<int>(plot.xToScreen(tx)) + 8; x < 600 && firstRed < 0; ++x)
+        if (redOf(canvas.pixel(x, y)) > 200 && greenOf(canvas.pixel(x, y)) < 80) firstRed = x;
+    ASSERT_GT(firstRed, 0);
+    const double dx = (firstRed - plot.xToScreen(tx)) / (plot.xToScreen(1) - plot.xToScreen(0));
+    EXPECT_GT(dx, 0.0003);
+    EXPECT_LT(dx, 0.004);
+    // A u'v' plot takes the target to u', v'.
+    options.upvp = true;
+    plot.setData({}, {}, tx, ty, options);
+    double u, v;
+    plot.plotted(tx, ty, &u, &v);
+    EXPECT_NEAR(u, 4 * tx / (-2 * tx + 12 * ty + 3), 1e-12);
+    EXPECT_NEAR(v, 9 * ty / (-2 * tx + 12 * ty + 3), 1e-12);
 }
 
 }  // namespace
