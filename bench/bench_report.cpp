@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "CairoCanvas.h"
-#include "TM30Report.h"
+#include "TM30ReportPage.h"
 
 namespace {
 

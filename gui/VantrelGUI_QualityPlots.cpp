@@ -2,6 +2,7 @@
 // and report, the TLCI chart) and the file of the TM-30 J'a'b' values.
 #include "FileText.h"
 #include "QualityPlotWindow.h"
+#include "TM30Report.h"
 #include "UserDialogs.h"
 #include "ValueFormat.h"
 #include "VantrelGUI.h"
@@ -56,6 +57,24 @@ long VantrelGUI::onCmdQualityPlot(FXObject*, FXSelector sel, void*) {
     fields.model = settings.getString("tm30Report_modelStr");
     fields.note = settings.getString("tm30Report_noteStr");
     const bool page = chart == QualityChart::TM30_REPORT;
+    if (page) {
+        // The report's texts and options first; they are kept with the settings and the design.
+        TM30Report dialog(this);
+        dialog.setData(fields, report);
+        std::vector<std::string> answers = dialog.getFields();
+        if (!UserDialogs::runForm(&dialog, &answers, [&dialog] { return dialog.getFields(); }))
+            return 1;
+        TM30Report::readFields(answers, &fields, &report);
+        settings.setString("tm30Report_sourceStr", fields.source);
+        settings.setString("tm30Report_manufacturerStr", fields.manufacturer);
+        settings.setString("tm30Report_dateStr", fields.date);
+        settings.setString("tm30Report_modelStr", fields.model);
+        settings.setString("tm30Report_noteStr", fields.note);
+        settings.setInt("TM30ReportType", report.reportType);
+        settings.setInt("TM30ReportPaperSize", report.paperSize == 2 ? 1 : 0);
+        settings.setBool(OptionId::useStandardLimtsForTM30ShiftPlots, report.standardShiftLimits);
+        settings.setBool(OptionId::showTM30Graphic1020PercentCircles, report.percentCircles);
+    }
     QualityPlotWindow window(this, data, chart, chartSettings,
                              page ? REPORT_WINDOW_WIDTH : CHART_WINDOW_WIDTH,
                              page ? REPORT_WINDOW_HEIGHT : CHART_WINDOW_HEIGHT);

@@ -7,7 +7,7 @@
 
 #include "Canvas.h"
 #include "QualityPlotData.h"
-#include "TM30Report.h"
+#include "TM30ReportPage.h"
 
 enum class QualityChart {
     TM30_REPORT,   // the one-page report

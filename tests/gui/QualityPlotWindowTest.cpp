@@ -148,14 +148,35 @@ TEST_F(QualityPlots, TheRValueWindowShowsSwitchesAndSavesInEveryFormat) {
               "different name.\n");
 }
 
-TEST_F(QualityPlots, TheReportWindowShowsTheHalfSizePage) {
+TEST_F(QualityPlots, TheReportDialogKeepsItsTextsAndTheWindowShowsTheHalfSizePage) {
     calculateBlackBody();
+    // Cancel: no window.
+    bool opened = false;
+    openChart(QualityChart::TM30_REPORT, [&](QualityPlotWindow&) { opened = true; });
+    EXPECT_FALSE(opened);
+    // Texts longer than their limits are cut; an A4 full report with the 20 % circles.
+    script.forms.push_back({std::string(50, 's'), "Acme <b>", "2026-11-23", "LED-1",
+                            std::string(700, 'n'), "0", "2", "0", "1"});
     openChart(QualityChart::TM30_REPORT, [&](QualityPlotWindow& window) {
+        opened = true;
         FoxCanvas* shown = window.render();
         EXPECT_EQ(shown->width(), 600);
+        EXPECT_EQ(shown->height(), 1200 * 297 / 210 / 2);
         EXPECT_EQ(std::string(window.getTitle().text()).rfind("TM30 report (", 0), 0u);
     });
-    EXPECT_EQ(boxes(), "");
+    EXPECT_TRUE(opened);
+    ProgramSettings& settings = gui->getSettings();
+    EXPECT_EQ(settings.getString("tm30Report_sourceStr"), std::string(45, 's'));
+    EXPECT_EQ(settings.getString("tm30Report_manufacturerStr"), "Acme <b>");
+    EXPECT_EQ(settings.getString("tm30Report_noteStr").size(), 600u);
+    EXPECT_EQ(settings.getInt("TM30ReportPaperSize"), 1);
+    // The dialog starts from the kept texts the next time.
+    script.shown.clear();
+    openChart(QualityChart::TM30_REPORT, [](QualityPlotWindow&) {});
+    ASSERT_EQ(script.shown.size(), 1u);
+    EXPECT_EQ(script.shown[0].title, "TM30 report");
+    EXPECT_EQ(script.shown[0].text.rfind(std::string(45, 's') + "|Acme <b>|2026-11-23|LED-1|", 0),
+              0u);
 }
 
 }  // namespace

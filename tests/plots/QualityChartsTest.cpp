@@ -13,7 +13,7 @@
 #include "QualityCharts.h"
 #include "R_Plot_Image.h"
 #include "TLCIChart.h"
-#include "TM30Report.h"
+#include "TM30ReportPage.h"
 #include "TM30RgRfPlot.h"
 
 namespace {

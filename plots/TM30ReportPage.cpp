@@ -1,4 +1,4 @@
-#include "TM30Report.h"
+#include "TM30ReportPage.h"
 
 #include <algorithm>
 #include <cmath>

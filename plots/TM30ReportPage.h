@@ -1,8 +1,8 @@
 // The one-page IES TM-30 colour rendition report (full, intermediate or simple), composed of
 // the spectrum, the colour vector graphic, the hue-bin charts and the sample fidelity chart, and
 // the tab-delimited file of the J'a'b' values behind it.
-#ifndef LUMIVAR_PLOTS_TM30REPORT_H
-#define LUMIVAR_PLOTS_TM30REPORT_H
+#ifndef LUMIVAR_PLOTS_TM30REPORTPAGE_H
+#define LUMIVAR_PLOTS_TM30REPORTPAGE_H
 
 #include <string>
 
@@ -65,4 +65,4 @@ constexpr const char* TM30_NOTE_TOO_LONG =
 // The tab-delimited J'a'b', Rf,i and Rf,h table of the samples ("Jab_Rfi_values_%s.xls").
 std::string tm30JabFileText(const QualityPlotData& data);
 
-#endif  // LUMIVAR_PLOTS_TM30REPORT_H
+#endif  // LUMIVAR_PLOTS_TM30REPORTPAGE_H
