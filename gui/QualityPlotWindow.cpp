@@ -50,6 +50,10 @@ std::vector<GroupEntry> groupOf(QualityChart chart) {
         case QualityChart::CIELAB_Q:
             return {{QualityChart::CIELAB_R, "L*a*b* for the R-values"},
                     {QualityChart::CIELAB_Q, "L*a*b* for the Q-values"}};
+        case QualityChart::CRI_PATCHES:
+        case QualityChart::CQS_PATCHES:
+            return {{QualityChart::CRI_PATCHES, "CRI and R-values"},
+                    {QualityChart::CQS_PATCHES, "CQS and Q-values"}};
         default:
             return {{chart, ""}};
     }
@@ -87,6 +91,15 @@ std::string QualityPlotWindow::chartTitle(QualityChart chart, int width, int hei
             break;
         case QualityChart::TLCI:
             title = "TLCI-2012";
+            break;
+        case QualityChart::CRI_PATCHES:
+            title = "CRI Colors";
+            break;
+        case QualityChart::CQS_PATCHES:
+            title = "CQS Colors";
+            break;
+        case QualityChart::TM30_PATCHES:
+            title = metric + " Colors";
             break;
         default:
             title = "Rf-values plot";

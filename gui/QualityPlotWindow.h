@@ -26,7 +26,7 @@ class QualityPlotWindow : public FXDialogBox {
         ID_SCALE,  // four radios: 1x, 2x, 4x, 8x
         ID_SCALE_LAST = ID_SCALE + 3,
         ID_CHART,  // one radio per chart of the window's group
-        ID_CHART_LAST = ID_CHART + 12,
+        ID_CHART_LAST = ID_CHART + 15,
         ID_LAST
     };
 

@@ -112,7 +112,7 @@ class VantrelGUI : public FXMainWindow {
         ID_IMPORT_FILTER_COLOR_FILE,  // filters from ISD, from text; colours from ISD, from text
         ID_IMPORT_FILTER_COLOR_FILE_LAST = ID_IMPORT_FILTER_COLOR_FILE + 3,
         ID_QUALITY_PLOT,  // by QualityChart: the report, R and Q bars, planes, TM-30, TLCI
-        ID_QUALITY_PLOT_LAST = ID_QUALITY_PLOT + 12,
+        ID_QUALITY_PLOT_LAST = ID_QUALITY_PLOT + 15,
         ID_WRITE_TM30_JAB,
         ID_LAST
     };

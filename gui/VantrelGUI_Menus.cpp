@@ -407,6 +407,8 @@ void VantrelGUI::buildMenus() {
             chart(QualityChart::RF_HUE)),
         cmd(ValueFormat::format("IES %s color Rf histogram for the reference colors", TM30_NAME),
             chart(QualityChart::RF_SAMPLES)),
+        cmd(ValueFormat::format("IES %s color patches for the reference colors", TM30_NAME),
+            chart(QualityChart::TM30_PATCHES)),
         cmd(ValueFormat::format("IES %s Rg versus Rf plot", TM30_NAME), chart(QualityChart::RG_RF)),
         cmd(ValueFormat::format("IES %s color vector graphic and icon plots", TM30_NAME),
             chart(QualityChart::GRAPHIC)),
@@ -421,7 +423,8 @@ void VantrelGUI::buildMenus() {
     const MenuItemDef otherPlots[] = {
         cmd("Plot R-values or Q-values", chart(QualityChart::RVALUES)),
         cmd("Plot CIELAB values", chart(QualityChart::CIELAB_R)),
-        cmd("TLCI-2012 graphic", chart(QualityChart::TLCI)), cmd("Show color patches")};
+        cmd("TLCI-2012 graphic", chart(QualityChart::TLCI)),
+        cmd("Show color patches", chart(QualityChart::CRI_PATCHES))};
     addMenu("Other Plots", otherPlots, std::size(otherPlots));
 
     const MenuItemDef calculations[] = {

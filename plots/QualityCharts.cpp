@@ -1,6 +1,7 @@
 #include "QualityCharts.h"
 
 #include "CIELab_Type_Plot_Image.h"
+#include "ColorPatches.h"
 #include "R_Plot_Image.h"
 #include "TLCIChart.h"
 #include "TM30RgRfPlot.h"
@@ -28,6 +29,9 @@ constexpr ChartName CHART_NAMES[] = {
     {"rgrf", QualityChart::RG_RF, "Rg_Rf"},
     {"graphic", QualityChart::GRAPHIC, "color_vector_graphic"},
     {"tlci", QualityChart::TLCI, "TLCI-2012"},
+    {"cri-patches", QualityChart::CRI_PATCHES, "CRI_colors"},
+    {"cqs-patches", QualityChart::CQS_PATCHES, "CQS_colors"},
+    {"tm30-patches", QualityChart::TM30_PATCHES, "TM30_colors"},
 };
 
 ArgbWord rgbWord(const int* rgb) { return argbFromRGB(rgb[0], rgb[1], rgb[2]); }
@@ -205,6 +209,7 @@ bool qualityChartHasData(QualityChart chart, const QualityPlotData& data) {
         case QualityChart::RF_SAMPLES:
         case QualityChart::RG_RF:
         case QualityChart::GRAPHIC:
+        case QualityChart::TM30_PATCHES:
             return data.tm30Valid();
         default:
             return true;
@@ -249,6 +254,17 @@ TM30ReportOutcome drawQualityChart(Canvas& canvas, QualityChart chart, const Qua
         case QualityChart::GRAPHIC:
             drawGraphicAlone(canvas, data, settings);
             break;
+        case QualityChart::CRI_PATCHES:
+        case QualityChart::CQS_PATCHES:
+        case QualityChart::TM30_PATCHES: {
+            ColorPatchesOptions options;
+            options.fontSize = settings.fontSize * settings.scale;
+            const char mode = chart == QualityChart::CRI_PATCHES   ? 'R'
+                              : chart == QualityChart::CQS_PATCHES ? 'Q'
+                                                                   : 'T';
+            drawColorPatches(canvas, mode, data, options);
+            break;
+        }
         case QualityChart::TLCI: {
             TLCIChartOptions options;
             options.fontSize = settings.fontSize * settings.scale;

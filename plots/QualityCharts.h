@@ -23,6 +23,9 @@ enum class QualityChart {
     RG_RF,         // TM-30 Rg against Rf
     GRAPHIC,       // TM-30 colour vector graphic
     TLCI,          // TLCI-2012 ColorChecker chart
+    CRI_PATCHES,   // the CRI samples under the reference and the light
+    CQS_PATCHES,   // the CQS samples
+    TM30_PATCHES,  // the 99 TM-30 samples
 };
 
 // Names on the command line ("tm30", "rvalues", ...); false for an unknown name.

@@ -98,6 +98,10 @@ bool gatherQualityPlotData(const double* spectrum, const std::string& name, Qual
     }
     sampleColors(engine, false, spectrum, data->rgbR);
     sampleColors(engine, true, spectrum, data->rgbQ);
+    std::vector<double> reference(Vantrel::NUM_GRID_POINTS, 0.0);
+    engine.getReferenceSpectrum(data->results.cct, reference.data());
+    sampleColors(engine, false, reference.data(), data->rgbRref);
+    sampleColors(engine, true, reference.data(), data->rgbQref);
     if (!data->results.tm30Error) gatherTM30(engine, data);
     gatherTLCI(engine, spectrum, data);
     return true;

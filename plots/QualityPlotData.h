@@ -22,6 +22,9 @@ struct QualityPlotData {
     // Screen colours of the samples under the test light, [k][channel] for k = 1 to 15.
     int rgbR[Vantrel::NUM_SAMPLES][3] = {};
     int rgbQ[Vantrel::NUM_SAMPLES][3] = {};
+    // The same under the reference illuminant of the CRI (Planck or daylight at the CCT).
+    int rgbRref[Vantrel::NUM_SAMPLES][3] = {};
+    int rgbQref[Vantrel::NUM_SAMPLES][3] = {};
 
     // TM-30 (empty when refused: results.tm30Error).
     std::vector<double> tm30Reference;         // the reference spectrum on the grid

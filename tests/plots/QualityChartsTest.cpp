@@ -10,6 +10,7 @@
 
 #include "CIEPointPlot.h"
 #include "CairoCanvas.h"
+#include "ColorPatches.h"
 #include "QualityCharts.h"
 #include "R_Plot_Image.h"
 #include "TLCIChart.h"
@@ -331,6 +332,38 @@ TEST(CIEPointPlot, PointsLocusAndEllipsesStandWhereTheyBelong) {
     plot.plotted(tx, ty, &u, &v);
     EXPECT_NEAR(u, 4 * tx / (-2 * tx + 12 * ty + 3), 1e-12);
     EXPECT_NEAR(v, 9 * ty / (-2 * tx + 12 * ty + 3), 1e-12);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(Report, ColorPatchesShowReferenceLeftAndTestRight) {
+    EXPECT_EQ(colorPatchName('R', 0), "TCS01");
+    EXPECT_EQ(colorPatchName('R', 14), "TCS15");
+    EXPECT_EQ(colorPatchName('Q', 8), "VS9");
+    for (char mode : {'R', 'T'}) {
+        CairoCanvas canvas(ImageFileType::PNG, 800, 600);
+        std::vector<ColorPatchPlace> places;
+        drawColorPatches(canvas, mode, data, {}, &places);
+        ASSERT_EQ(places.size(), mode == 'R' ? 15u : 99u);
+        for (int k : {0, 8, 14}) {
+            const ColorPatchPlace& p = places[k];
+            ArgbWord ref, test;
+            if (mode == 'R') {
+                ref = argbFromRGB(data.rgbRref[k + 1][0], data.rgbRref[k + 1][1],
+                                  data.rgbRref[k + 1][2]);
+                test = argbFromRGB(data.rgbR[k + 1][0], data.rgbR[k + 1][1], data.rgbR[k + 1][2]);
+            } else {
+                const auto& c = data.patchRGB[k];
+                ref = argbFromRGB(c[3], c[4], c[5]);
+                test = argbFromRGB(c[0], c[1], c[2]);
+            }
+            const int y = static_cast<int>(p.y + p.h / 2);
+            EXPECT_EQ(canvas.pixel(static_cast<int>(p.x + p.w / 4), y), ref) << mode << k;
+            EXPECT_EQ(canvas.pixel(static_cast<int>(p.x + 3 * p.w / 4), y), test) << mode << k;
+        }
+    }
 }
 
 }  // namespace
