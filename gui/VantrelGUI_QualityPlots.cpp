@@ -45,6 +45,9 @@ long VantrelGUI::onCmdQualityPlot(FXObject*, FXSelector sel, void*) {
     }
     QualityChartSettings chartSettings;
     chartSettings.fontSize = CHART_FONT_PIXELS;
+    chartSettings.tlciSpectra = settings.getBool(OptionId::showTCLIspecPlot);
+    chartSettings.tlciAdvice = settings.getBool(OptionId::showTCLIadviceTable);
+    chartSettings.tlciNames = settings.getBool(OptionId::showTLCIColorNames);
     TM30ReportOptions& report = chartSettings.report;
     report.reportType = std::min(2, std::max(0, settings.getInt("TM30ReportType")));
     report.paperSize = settings.getInt("TM30ReportPaperSize") == 1 ? 2 : 1;

@@ -268,6 +268,9 @@ TM30ReportOutcome drawQualityChart(Canvas& canvas, QualityChart chart, const Qua
         case QualityChart::TLCI: {
             TLCIChartOptions options;
             options.fontSize = settings.fontSize * settings.scale;
+            options.showSpectra = settings.tlciSpectra;
+            options.showAdvice = settings.tlciAdvice;
+            options.showNames = settings.tlciNames;
             drawTLCIChart(canvas, data, options);
             break;
         }

@@ -42,6 +42,9 @@ struct QualityChartSettings {
     double scale = 1.0;      // line widths and fonts grow by it (images saved at 2x, 4x...)
     TM30ReportOptions report;
     TM30ReportFields fields;
+    bool tlciSpectra = true;  // the TLCI chart's spectra panel
+    bool tlciAdvice = true;   // the TLCI chart's advice table
+    bool tlciNames = false;   // the patch names on the TLCI chart
 };
 
 // The canvas size a chart needs: the page for the report, the settings' size otherwise.

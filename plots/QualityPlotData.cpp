@@ -59,8 +59,10 @@ void gatherTLCI(const Vantrel& engine, const double* spectrum, QualityPlotData* 
     double* G[2] = {g[0], g[1]};
     double* B[2] = {b[0], b[1]};
     data->tlciReference.assign(77, 0.0);
+    int* sectors[12];
+    for (int k = 0; k < 12; ++k) sectors[k] = data->tlciSectors[k];
     engine.getQa_TLCI_2012(spectrum, nullptr, data->results.cct, R, G, B,
-                           data->tlciReference.data(), nullptr, data->tlciInGamut, nullptr);
+                           data->tlciReference.data(), sectors, data->tlciInGamut, nullptr);
     for (int j = 0; j < 2; ++j) {
         for (int p = 0; p < 24; ++p) {
             data->tlciRGB[j][p][0] = r[j][p];

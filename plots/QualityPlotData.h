@@ -43,6 +43,9 @@ struct QualityPlotData {
     double tlciRGB[2][24][3] = {};
     bool tlciInGamut[24] = {};
     std::vector<double> tlciReference;  // the reference, 77 values (380 to 760 nm by 5 nm)
+    // Advice per hue sector (12) for lightness, chroma and hue: the correction the rendering
+    // needs, Vantrel::getUnknown_TLCI_2012() when unknown.
+    int tlciSectors[12][3] = {};
 
     bool tm30Valid() const { return results.hasChromaticity && !results.tm30Error && !jab.empty(); }
 };

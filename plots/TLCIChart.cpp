@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -39,10 +40,81 @@ std::string tlciValueText(double qa) {
     return text;
 }
 
+std::string tlciAdviceText(int value) {
+    if (value == Vantrel::getUnknown_TLCI_2012() || std::abs(value) > 15) return "N/A";
+    char text[16];
+    std::snprintf(text, sizeof(text), "%s %.1lf",
+                  value > 0   ? "+"
+                  : value < 0 ? "-"
+                              : "0",
+                  std::fabs(static_cast<double>(value)));
+    return text;
+}
+
+namespace {
+
+// The test and reference spectra, 77 points each from 380 to 760 nm, each scaled to half the
+// panel's height.
+void drawSpectraPanel(Canvas& canvas, const QualityPlotData& data, double x, double y, double w,
+                      double h, double margin) {
+    canvas.drawRectangle(x, y, w, h, 0xFF808080u, 1);
+    if (data.tlciReference.size() < 77 || data.spectrum.size() < Vantrel::NUM_GRID_POINTS) return;
+    double test[77];
+    for (int i = 0; i < 77; ++i) {
+        // The 2 nm grid from 360 nm, read at 380 + 5 i nm.
+        const double at = (380 + 5.0 * i - 360) / 2;
+        const int j = static_cast<int>(at);
+        test[i] = data.spectrum[j] + (at - j) * (data.spectrum[j + 1] - data.spectrum[j]);
+    }
+    const double* curves[2] = {data.tlciReference.data(), test};
+    const ArgbWord colors[2] = {0xFFB4B4B4u, 0xFFFF5050u};
+    const double dx = (w - 2 * margin) / 77;
+    for (int c = 0; c < 2; ++c) {
+        double peak = 0;
+        for (int i = 0; i < 77; ++i) peak = std::max(peak, curves[c][i]);
+        if (!(peak > 0)) continue;
+        const double base = y + (c == 0 ? h / 2 : h) - margin / 2;
+        std::vector<CanvasPoint> line;
+        for (int i = 0; i < 77; ++i)
+            line.push_back({x + margin + i * dx, base - curves[c][i] / peak * (h / 2 - margin)});
+        canvas.drawPolyline(line, colors[c], 1.5);
+    }
+}
+
+void drawAdviceTable(Canvas& canvas, const QualityPlotData& data, double x, double y, double w,
+                     double h, double font) {
+    const char* headers[4] = {"Sector", "Lightness", "Chroma", "Hue"};
+    const double rowH = h / 13, colW = w / 4;
+    TextStyle style;
+    style.size = std::min(font, rowH * 0.7);
+    style.align = TextAlign::CENTER;
+    TextStyle bold = style;
+    bold.bold = true;
+    for (int c = 0; c < 4; ++c)
+        canvas.drawText(x + (c + 0.5) * colW, y + rowH * 0.75, headers[c], bold, ARGB_WHITE);
+    const bool valid = data.results.tlciQa >= 0;
+    for (int k = 0; k < 12; ++k) {
+        const double yy = y + (k + 1.75) * rowH;
+        char name[4];
+        Vantrel::getTLCI_2012_hue_name_4_char(k, name);
+        canvas.drawText(x + 0.5 * colW, yy, std::string(name, strnlen(name, 4)), style, ARGB_WHITE);
+        for (int c = 0; c < 3; ++c) {
+            // An invalid index gives no advice figures.
+            const std::string cell = valid ? tlciAdviceText(data.tlciSectors[k][c]) : "";
+            canvas.drawText(x + (c + 1.5) * colW, yy, cell, style, ARGB_WHITE);
+        }
+    }
+    canvas.drawRectangle(x, y, w, h, 0xFF808080u, 1);
+}
+
+}  // namespace
+
 void drawTLCIChart(Canvas& canvas, const QualityPlotData& data, const TLCIChartOptions& options,
                    TLCIPatchPlace* places) {
-    const double W = canvas.width(), H = canvas.height();
-    canvas.fillRectangle(0, 0, W, H, ARGB_BLACK);
+    const double fullW = canvas.width(), H = canvas.height();
+    canvas.fillRectangle(0, 0, fullW, H, ARGB_BLACK);
+    const bool side = options.showSpectra || options.showAdvice;
+    const double W = side ? fullW * 0.68 : fullW;
     const TextExtent e = canvas.measureText("0", options.fontSize, false);
     const double line = e.ascent + e.descent;
     const double margin = line;
@@ -89,6 +161,17 @@ void drawTLCIChart(Canvas& canvas, const QualityPlotData& data, const TLCIChartO
         TextStyle right = small;
         right.align = TextAlign::RIGHT;
         canvas.drawText(W - margin, y, "* out of gamut", right, ARGB_WHITE);
+    }
+    if (side) {
+        const double px = W, pw = fullW - W - margin, top = margin;
+        const double bottom = H - under;
+        const bool both = options.showSpectra && options.showAdvice;
+        const double split = both ? top + (bottom - top) * 0.35 : bottom;
+        if (options.showSpectra) drawSpectraPanel(canvas, data, px, top, pw, split - top, margin);
+        if (options.showAdvice) {
+            const double ty = both ? split + margin / 2 : top;
+            drawAdviceTable(canvas, data, px, ty, pw, bottom - ty, options.fontSize);
+        }
     }
     if (options.showTitle) {
         y += line * 1.2;

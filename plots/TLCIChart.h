@@ -12,6 +12,8 @@ struct TLCIChartOptions {
     bool videoCoding = false;  // ITU-R BT.601/709 levels (16 to 235) in place of full range
     bool showTitle = true;     // the lamp, its CCT and its TLCI under the chart
     bool showNames = false;    // each patch's name under it
+    bool showSpectra = false;  // a panel of the test and reference spectra beside the chart
+    bool showAdvice = false;   // the table of corrections by hue sector beside the chart
     double fontSize = 14.0;    // pixels
 };
 
@@ -26,6 +28,9 @@ const char* tlciPatchName(int patch);
 // An 8-bit channel of a camera value 0 to 1 in a coding; out-of-range values wrap, as a
 // display of such a signal does. *outOfGamut is set when that happened.
 int tlciChannel(double value, bool videoCoding, bool* outOfGamut);
+// One cell of the advice table: the sign ("+", "-", "0" for none) and the amount "%.1lf"
+// ("0.0" for none), or "N/A" for an unknown sector.
+std::string tlciAdviceText(int value);
 // The index as written on the chart: "TLCI-2012 : %d " or "TLCI-2012 : N/A ".
 std::string tlciValueText(double qa);
 // Draws the chart over the whole canvas; places (24, when not null) gets the patch rectangles.

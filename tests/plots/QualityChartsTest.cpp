@@ -367,3 +367,26 @@ TEST_F(Report, ColorPatchesShowReferenceLeftAndTestRight) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(Report, TLCIAdviceCellsAndTheInvalidIndex) {
+    EXPECT_EQ(tlciAdviceText(0), "0 0.0");
+    EXPECT_EQ(tlciAdviceText(3), "+ 3.0");
+    EXPECT_EQ(tlciAdviceText(-2), "- 2.0");
+    EXPECT_EQ(tlciAdviceText(Vantrel::getUnknown_TLCI_2012()), "N/A");
+    // With the side panels the patches still show their colours.
+    TLCIChartOptions options;
+    options.showAdvice = options.showSpectra = true;
+    CairoCanvas canvas(ImageFileType::PNG, 1000, 600);
+    TLCIPatchPlace places[24];
+    drawTLCIChart(canvas, data, options, places);
+    EXPECT_LT(places[5].x + places[5].w, 1000 * 0.7);
+    bool out = false;
+    const int r = tlciChannel(data.tlciRGB[0][0][0], false, &out);
+    EXPECT_EQ(redOf(canvas.pixel(static_cast<int>(places[0].x + places[0].w / 2),
+                                 static_cast<int>(places[0].y + places[0].h / 2))),
+              r);
+}
+
+}  // namespace
