@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "CairoCanvas.h"
 #include "CalcCommand.h"
 #include "ConvertCommand.h"
 #include "ReportCommand.h"
@@ -30,7 +31,9 @@ int main(int argc, char** argv) {
     }
     if (command == "report") {
         try {
-            return runReport({args.begin() + 1, args.end()}, std::cout, std::cerr);
+            const int status = runReport({args.begin() + 1, args.end()}, std::cout, std::cerr);
+            releaseCairoCaches();
+            return status;
         } catch (const std::exception& e) {
             std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
             return EXIT_INPUT_PROBLEM;

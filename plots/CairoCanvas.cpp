@@ -3,6 +3,7 @@
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
 #include <cairo.h>
+#include <fontconfig/fontconfig.h>
 
 #include <algorithm>
 #include <cctype>
@@ -28,6 +29,11 @@ void pathOf(cairo_t* cr, const std::vector<CanvasPoint>& points) {
 }
 
 }  // namespace
+
+void releaseCairoCaches() {
+    cairo_debug_reset_static_data();
+    FcFini();
+}
 
 ImageFileType imageFileTypeOfPath(const std::string& path) {
     const std::size_t dot = path.find_last_of('.');

@@ -20,6 +20,10 @@ enum class ImageFileType {
 // The type of an output file from its extension (".pdf", ".svg", ".png", any case).
 ImageFileType imageFileTypeOfPath(const std::string& path);
 
+// Frees the font caches Cairo and fontconfig keep for the life of the process; for a program
+// that has finished drawing (the leak checker then sees a clean exit). No canvas may be alive.
+void releaseCairoCaches();
+
 class CairoCanvas : public Canvas {
   public:
     // A canvas of width x height pixels. For PDF, pageWidthPoints > 0 sets the physical width of
