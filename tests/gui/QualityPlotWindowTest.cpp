@@ -139,7 +139,13 @@ TEST_F(QualityPlots, TheRValueWindowShowsSwitchesAndSavesInEveryFormat) {
         window.handle(nullptr, FXSEL(SEL_COMMAND, QualityPlotWindow::ID_SAVE_PNG), nullptr);
     });
     ASSERT_TRUE(opened);
-    EXPECT_EQ(head(folder / "q.bmp", 2), "BM");
+    const std::string bmp = head(folder / "q.bmp", 6);
+    EXPECT_EQ(bmp.substr(0, 2), "BM");
+    // The size the header declares is the file's size: nothing left over from the buffer.
+    const auto declared = static_cast<std::uintmax_t>(
+        static_cast<unsigned char>(bmp[2]) | static_cast<unsigned char>(bmp[3]) << 8 |
+        static_cast<unsigned char>(bmp[4]) << 16 | static_cast<unsigned char>(bmp[5]) << 24);
+    EXPECT_EQ(declared, fs::file_size(folder / "q.bmp"));
     EXPECT_EQ(head(folder / "q.pdf", 5), "%PDF-");
     EXPECT_EQ(head(folder / "q.svg", 5), "<?xml");
     EXPECT_EQ(head(folder / "q.png", 4), "\x89PNG");
