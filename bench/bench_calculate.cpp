@@ -14,8 +14,8 @@ std::vector<ledInputDataStruct> fiveLedRows(int numRows) {
         int row;
         const char* lDom;
         const char* lumens;
-    } mix[] = {{1, "460", "50"}, {3, "530", "200"}, {6, "625", "150"}, {11, "", "800"},
-               {13, "", "400"}};
+    } mix[] = {
+        {1, "460", "50"}, {3, "530", "200"}, {6, "625", "150"}, {11, "", "800"}, {13, "", "400"}};
     for (const auto& m : mix) {
         rows[m.row].checked = true;
         rows[m.row].lDom = m.lDom;

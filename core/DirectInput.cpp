@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "Grid.h"
 #include "NumberText.h"
 #include "TextToNumber.h"
 #include "ValueFormat.h"
@@ -12,8 +13,6 @@
 
 namespace {
 
-constexpr double GRID_FIRST_NM = 360.0;
-constexpr double GRID_STEP_NM = 2.0;
 // A cell below this counts as empty when the table is checked for gaps.
 constexpr double LOW_VALUE = 1e-60;
 
@@ -77,7 +76,7 @@ InputTableGrid inputTableGrid(int spectrumRange, bool includeIR) {
 
 DirectInputResult interpolateSpectrum(const InputRows& rows, const DirectInputOptions& options) {
     const int n = options.includeIR ? Vantrel::NUM_GRID_POINTS_IR : Vantrel::NUM_GRID_POINTS;
-    const double lastNm = GRID_FIRST_NM + (n - 1) * GRID_STEP_NM;
+    const double lastNm = grid::nm(n - 1);
     const bool clampToMax =
         options.analysisType == 1 || (options.analysisType == 4 && options.allowAboveOne);
     const double maxAllowed =
@@ -119,11 +118,11 @@ DirectInputResult interpolateSpectrum(const InputRows& rows, const DirectInputOp
         values.push_back(value < 0.0 ? 0.0 : value);
     }
 
-    if (wavelengths.front() > (3.6e-7 + n * 2e-9) * 1e9 || wavelengths.back() < GRID_FIRST_NM) {
+    if (wavelengths.front() > grid::metres(n) * 1e9 || wavelengths.back() < grid::FIRST_NM) {
         return failure("Data error",
                        ValueFormat::format("You must have at least 2 data points between between "
                                            "%.0lf and %.0lf nm (0).",
-                                           GRID_FIRST_NM, lastNm));
+                                           grid::FIRST_NM, lastNm));
     }
 
     std::vector<double> grid(n, 0.0);
@@ -136,12 +135,12 @@ DirectInputResult interpolateSpectrum(const InputRows& rows, const DirectInputOp
             if (i >= 0 && i < n) grid[i] = values[r - filled.first];
         }
     } else if (!Vantrel::resampleSpectrum(static_cast<int>(wavelengths.size()), wavelengths.data(),
-                                          values.data(), GRID_FIRST_NM, lastNm, GRID_STEP_NM,
+                                          values.data(), grid::FIRST_NM, lastNm, grid::STEP_NM,
                                           nullptr, grid.data())) {
         return failure("Unknown data error",
                        ValueFormat::format("You must have at least 2 data points between %.0lf and "
                                            "%.0lf nm, some can be 0. (resampling error)",
-                                           GRID_FIRST_NM, lastNm));
+                                           grid::FIRST_NM, lastNm));
     }
 
     DirectInputResult result;
@@ -217,7 +216,7 @@ std::vector<double> spectrumFromColumn(const std::vector<std::string>& column, b
         if (!isFilled(column[i])) continue;
         spectrum[i] = reader.getValue(column[i]);
         if (photons) {
-            const double nm = (3.6e-7 + static_cast<double>(i) * 2e-9) * 1e9;
+            const double nm = grid::metres(i) * 1e9;
             spectrum[i] = Vantrel::convert_to_Watts_nm_from_Photons_Sec(spectrum[i], nm);
         }
     }

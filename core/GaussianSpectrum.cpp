@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "Grid.h"
 #include "Vantrel.h"
 
 namespace {
@@ -30,10 +31,10 @@ std::vector<std::string> gaussianSpectrumTexts(double centerMetres, double fwhmM
     texts.reserve(n);
     char buf[64];
     for (int i = 0; i < n; ++i) {
-        const double lambda = 3.6e-7 + i * 2e-9;
+        const double lambda = grid::metres(i);
         const double d = lambda - centerMetres;
         double v = A * std::exp(-d * d / 2.0 / sigma / sigma);
-        if (inPhotons) v = Vantrel::convert_to_Photons_Sec_from_Watts_nm(v, 360.0 + 2.0 * i);
+        if (inPhotons) v = Vantrel::convert_to_Photons_Sec_from_Watts_nm(v, grid::nm(i));
         std::snprintf(buf, sizeof buf, "%.*le", GAUSSIAN_TEXT_PRECISION, v);
         texts.emplace_back(buf);
     }

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "Grid.h"
+
 namespace {
 // The grid point of 830 nm: the visible range ends there, the IR range starts.
 constexpr int INDEX_830_NM = Vantrel::NUM_GRID_POINTS - 1;
@@ -49,7 +51,7 @@ void LED::defineSpectrum(double /*unused*/) {
         k[p] = 0.5 / (sigma * sigma);
     }
     for (int i = 0; i < NUM_GRID_POINTS_IR; ++i) {
-        const double lambda = 3.6e-7 + i * 2e-9;
+        const double lambda = grid::metres(i);
         double sum = 0;
         for (int p = 0; p < n; ++p) {
             const double d = lambda - peakCenter[p];

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Grid.h"
+
 SpectraToPlot spectraToPlot(const std::vector<double>& result, const std::vector<double>& matching,
                             int n, int analysisType, int inputUnitsIndex) {
     SpectraToPlot p;
@@ -12,7 +14,7 @@ SpectraToPlot spectraToPlot(const std::vector<double>& result, const std::vector
         out->assign(n, 0.0);
         for (int i = 0; i < n && i < static_cast<int>(in.size()); ++i) {
             double v = std::max(0.0, in[i]);
-            if (p.photons) v = Vantrel::convert_to_Photons_Sec_from_Watts_nm(v, 360.0 + 2.0 * i);
+            if (p.photons) v = Vantrel::convert_to_Photons_Sec_from_Watts_nm(v, grid::nm(i));
             (*out)[i] = v;
             *max = std::max(*max, v);
         }

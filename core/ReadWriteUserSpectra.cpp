@@ -12,6 +12,7 @@
 
 #include "CLocaleNumbers.h"
 #include "FileText.h"
+#include "Grid.h"
 
 namespace {
 
@@ -505,7 +506,7 @@ std::string ReadWriteUserSpectra::formatTabbed(int count, const int* indices,
     text += '\n';
     for (int j = 0; j < NUM_POINTS; ++j) {
         // The wavelength as the program forms it, made whole after adding 0.01 nm.
-        const double nm = (3.6e-7 + j * 2e-9) * 1e9;
+        const double nm = grid::metres(j) * 1e9;
         text += std::to_string(static_cast<int>(nm + 0.01)) + "\t";
         for (int i = 0; i < count; ++i) {
             const ledTypeStruct& e = entryAt(i, indices, in);

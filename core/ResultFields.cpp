@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "AppConstants.h"
+#include "Grid.h"
 #include "ValueFormat.h"
 
 SpectrumCalculator::SpectrumCalculator() { engine10.setCIE_XYZ_bar_type(3); }
@@ -74,7 +75,7 @@ void SpectrumCalculator::photonSums(const double* spectrum, const CalculationOpt
     const int last = options.limitUmolTo400_700 ? 170 : n - 1;
     double photonFlux = 0, wattsBand = 0, totalPhotons = 0;
     for (int i = 0; i < n; ++i) {
-        const double nm = 360.0 + 2.0 * i;
+        const double nm = grid::nm(i);
         // Photons per second per metre of wavelength, summed over 2e-9 m steps.
         const double photons = Vantrel::convert_to_Photons_Sec_from_Watts_nm(spectrum[i] * 1e9, nm);
         totalPhotons += photons * 2e-9;
@@ -133,7 +134,7 @@ SpectrumResults SpectrumCalculator::calculate(const double* spectrum,
     double wavelengths[Vantrel::NUM_GRID_POINTS_IR];
     for (int i = 0; i < Vantrel::NUM_GRID_POINTS_IR; ++i) {
         if (i < n) extended[i] = spectrum[i];
-        wavelengths[i] = 360.0 + 2.0 * i;
+        wavelengths[i] = grid::nm(i);
     }
     r.centroidWL = Vantrel::getPeakCentroid(extended);
     r.fwhm = Vantrel::getFWHM(0, n, wavelengths, extended);

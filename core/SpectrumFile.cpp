@@ -27,7 +27,7 @@ constexpr double LAST_WAVELENGTH_LIMIT = GRID_START;
 
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f'; }
 
-enum class LineStatus { kLine, kEnd, kTooLong };
+enum class LineStatus { LINE, END, TOO_LONG };
 
 // Reads one line without its '\n'. Never stores more than SPECTRUM_MAX_LINE_LENGTH characters,
 // so a file without line ends cannot fill the memory.
@@ -38,11 +38,11 @@ LineStatus nextLine(std::streambuf* buf, std::string* line) {
     for (;;) {
         const Traits::int_type c = buf->sbumpc();
         if (Traits::eq_int_type(c, Traits::eof())) {
-            return readAny ? LineStatus::kLine : LineStatus::kEnd;
+            return readAny ? LineStatus::LINE : LineStatus::END;
         }
         readAny = true;
-        if (Traits::to_char_type(c) == '\n') return LineStatus::kLine;
-        if (line->size() == SPECTRUM_MAX_LINE_LENGTH) return LineStatus::kTooLong;
+        if (Traits::to_char_type(c) == '\n') return LineStatus::LINE;
+        if (line->size() == SPECTRUM_MAX_LINE_LENGTH) return LineStatus::TOO_LONG;
         line->push_back(Traits::to_char_type(c));
     }
 }
@@ -71,7 +71,7 @@ std::vector<std::string> splitFields(const std::string& line, bool* decimalComma
     return fields;
 }
 
-enum class NumberStatus { kOk, kText, kNotFinite };
+enum class NumberStatus { OK, TEXT, NOT_FINITE };
 
 // Reads a whole field as a number, independently of the C locale.
 NumberStatus parseNumber(std::string field, bool decimalComma, double* value) {
@@ -84,37 +84,37 @@ NumberStatus parseNumber(std::string field, bool decimalComma, double* value) {
     const char* end = begin + field.size();
     if (begin != end && *begin == '+') {
         ++begin;
-        if (begin != end && (*begin == '+' || *begin == '-')) return NumberStatus::kText;
+        if (begin != end && (*begin == '+' || *begin == '-')) return NumberStatus::TEXT;
     }
     const auto [ptr, ec] = std::from_chars(begin, end, *value);
-    if (begin == end || ptr != end) return NumberStatus::kText;
+    if (begin == end || ptr != end) return NumberStatus::TEXT;
     if (ec == std::errc::result_out_of_range) {
         // Too small for a double (a negative exponent) reads as 0; too large is not finite.
         const std::size_t e = field.find_first_of("eE");
         if (e != std::string::npos && e + 1 < field.size() && field[e + 1] == '-') {
             *value = 0.0;
-            return NumberStatus::kOk;
+            return NumberStatus::OK;
         }
-        return NumberStatus::kNotFinite;
+        return NumberStatus::NOT_FINITE;
     }
-    if (ec != std::errc()) return NumberStatus::kText;
-    return std::isfinite(*value) ? NumberStatus::kOk : NumberStatus::kNotFinite;
+    if (ec != std::errc()) return NumberStatus::TEXT;
+    return std::isfinite(*value) ? NumberStatus::OK : NumberStatus::NOT_FINITE;
 }
 
 bool isNumber(const std::string& field, bool decimalComma) {
     double unused = 0;
-    return parseNumber(field, decimalComma, &unused) != NumberStatus::kText;
+    return parseNumber(field, decimalComma, &unused) != NumberStatus::TEXT;
 }
 
 // A field as it may be quoted in a message: short, printable.
 std::string quoted(const std::string& field) {
-    constexpr std::size_t kMaxShown = 24;
+    constexpr std::size_t MAX_SHOWN = 24;
     std::string shown;
-    for (std::size_t i = 0; i < field.size() && i < kMaxShown; ++i) {
+    for (std::size_t i = 0; i < field.size() && i < MAX_SHOWN; ++i) {
         const unsigned char c = static_cast<unsigned char>(field[i]);
         shown.push_back(c >= 0x20 && c < 0x7f ? static_cast<char>(c) : '?');
     }
-    if (field.size() > kMaxShown) shown += "...";
+    if (field.size() > MAX_SHOWN) shown += "...";
     return "\"" + shown + "\"";
 }
 
@@ -157,11 +157,11 @@ std::string readRow(const std::vector<std::string>& fields, bool decimalComma, d
     double* targets[2] = {wavelength, value};
     for (int k = 0; k < 2; ++k) {
         switch (parseNumber(fields[k], decimalComma, targets[k])) {
-            case NumberStatus::kOk:
+            case NumberStatus::OK:
                 break;
-            case NumberStatus::kText:
+            case NumberStatus::TEXT:
                 return std::string(names[k]) + " is not a number: " + quoted(fields[k]);
-            case NumberStatus::kNotFinite:
+            case NumberStatus::NOT_FINITE:
                 return std::string(names[k]) + " is not a finite number: " + quoted(fields[k]);
         }
     }
@@ -177,9 +177,9 @@ SpectrumReadResult readLines(std::streambuf* buf) {
     bool seenFirstLine = false;
     for (;;) {
         const LineStatus status = nextLine(buf, &line);
-        if (status == LineStatus::kEnd) break;
+        if (status == LineStatus::END) break;
         ++lineNo;
-        if (status == LineStatus::kTooLong) {
+        if (status == LineStatus::TOO_LONG) {
             return failure(
                 "line longer than " + std::to_string(SPECTRUM_MAX_LINE_LENGTH) + " characters",
                 lineNo);

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "CLocaleNumbers.h"
+#include "Grid.h"
 #include "NumberText.h"
 #include "ReadWriteUserSpectra.h"
 #include "Vantrel.h"
@@ -109,7 +110,7 @@ EntryValues readEntryValues(const std::vector<std::string>& cells,
             result.messages.push_back(aboveScaleWarning(options.libraryType, scale));
         }
         if (options.photons && options.libraryType == LIBRARY_SPECTRA) {
-            const double nm = (3.6e-7 + static_cast<double>(i) * 2e-9) * 1e9;
+            const double nm = grid::metres(i) * 1e9;
             v = Vantrel::convert_to_Watts_nm_from_Photons_Sec(v, nm);
         }
         result.values[i] = v / scale;

@@ -10,11 +10,11 @@ namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 
 // D65 white of the engine's grid and 1931 observer, Y = 100: the white of the sRGB display.
-constexpr double kDisplayWhite[3] = {95.04783169, 100.0, 108.8410967};
+constexpr double DISPLAY_WHITE[3] = {95.04783169, 100.0, 108.8410967};
 // Adapting luminance (cd/m²) of a viewer looking at a screen: partial adaptation in CMCCAT2000.
-constexpr double kScreenLuminance = 200.0;
+constexpr double SCREEN_LUMINANCE = 200.0;
 // Plain display gamma 2.2 rather than the piecewise sRGB curve.
-constexpr double kDisplayGammaInverse = 0.45454545454545453;
+constexpr double DISPLAY_GAMMA_INVERSE = 0.45454545454545453;
 }  // namespace
 
 void GetMonitorColors::getColors(int n, const double* spectrum, const double* const* reflectances,
@@ -54,8 +54,8 @@ void GetMonitorColors::getRGBforMonitor_p1(int count, const double* xyz, const d
                                            double* adapted) {
     largestAdapted = 0;
     for (int k = 0; k < count; ++k) {
-        Vantrel::CMCCAT_v(xyz[3 * k], xyz[3 * k + 1], xyz[3 * k + 2], sourceWhite, kDisplayWhite,
-                          kScreenLuminance, &adapted[3 * k]);
+        Vantrel::CMCCAT_v(xyz[3 * k], xyz[3 * k + 1], xyz[3 * k + 2], sourceWhite, DISPLAY_WHITE,
+                          SCREEN_LUMINANCE, &adapted[3 * k]);
         for (int c = 0; c < 3; ++c) largestAdapted = std::max(largestAdapted, adapted[3 * k + c]);
     }
 }
@@ -69,7 +69,7 @@ void GetMonitorColors::getRGBforMonitor_p2(int count, const double* adapted, dou
                         color_matrices::XYZ_TO_SRGB[c][1] * a[1] +
                         color_matrices::XYZ_TO_SRGB[c][2] * a[2]) /
                        100.0;
-            v = std::pow(std::max(v, 0.0), kDisplayGammaInverse);  // out of gamut: clip at 0
+            v = std::pow(std::max(v, 0.0), DISPLAY_GAMMA_INVERSE);  // out of gamut: clip at 0
             display[3 * k + c] = v;
             largestDisplay = std::max(largestDisplay, v);
         }

@@ -22,33 +22,33 @@ namespace planck_fit {
 namespace {
 
 // Seven coefficients per row, highest power first; lower-degree rows start with zeros.
-constexpr int kTerms = 7;
+constexpr int TERMS = 7;
 
 // Callers clamp to this range too: 10 MK down to 100 K.
-constexpr double kUrdMin = 0.1;
-constexpr double kUrdMax = 10000.0;
+constexpr double URD_MIN = 0.1;
+constexpr double URD_MAX = 10000.0;
 
 // Observer index of the CIE 2015 10 deg observer, the only one with its own locus fit; every
 // other observer shares the CIE 1931 2 deg locus, the reference for CCT.
-constexpr int kObserver2015Deg10 = 3;
+constexpr int OBSERVER2015_DEG10 = 3;
 
-inline double horner(const double (&c)[kTerms], double t) {
+inline double horner(const double (&c)[TERMS], double t) {
     double r = c[0];
-    for (int k = 1; k < kTerms; ++k) r = r * t + c[k];
+    for (int k = 1; k < TERMS; ++k) r = r * t + c[k];
     return r;
 }
 
 // Row k covers [breaks[k-1], breaks[k]); a value below a break belongs to the piece on its left
 // The row count is checked against the break count at compile time.
 template <std::size_t N>
-inline double belowBreakGoesLeft(const double (&breaks)[N], const double (&coeffs)[N + 1][kTerms],
+inline double belowBreakGoesLeft(const double (&breaks)[N], const double (&coeffs)[N + 1][TERMS],
                                  double t) {
     std::size_t k = 0;
     while (k < N && t >= breaks[k]) ++k;
     return horner(coeffs[k], t);
 }
 
-inline double clampUrd(double urd) { return std::clamp(urd, kUrdMin, kUrdMax); }
+inline double clampUrd(double urd) { return std::clamp(urd, URD_MIN, URD_MAX); }
 
 }  // namespace
 
@@ -57,9 +57,9 @@ inline double clampUrd(double urd) { return std::clamp(urd, kUrdMin, kUrdMax); }
 // of urd^6 .. urd^0, degree 6 in every piece. Max |error| against the exact locus on grid A:
 // 4.9e-07 at 1000..20000 K (50..1000 mired), 1.6e-10 above 20000 K, 2.4e-06 below 1000 K.
 // Neighbouring pieces agree within 1e-15 at the breaks.
-static constexpr double kU1931Breaks[] = {50.0,   100.0,  200.0,  460.0,  1000.0,
+static constexpr double U1931_BREAKS[] = {50.0,   100.0,  200.0,  460.0,  1000.0,
                                           2000.0, 3900.0, 5300.0, 6000.0, 7350.0};
-static constexpr double kU1931Coeffs[][kTerms] = {
+static constexpr double U1931_COEFFS[][TERMS] = {
     {2.2181969173158755e-17, -2.8243155003132303e-14, 1.1826742721078122e-12,
      1.2923620966728936e-09, 3.55805396809834e-07, 5.5405886700971798e-05, 0.18006450507115188},
     {1.0035935156338383e-16, -4.4040685406798729e-14, 2.3745889993165292e-12,
@@ -91,7 +91,7 @@ static constexpr double kU1931Coeffs[][kTerms] = {
 // Neighbouring pieces agree within 4e-15 at the breaks.
 static constexpr double kU2015_10Breaks[] = {50.0,   100.0,  200.0,  460.0,  1000.0,
                                              2000.0, 3900.0, 5300.0, 6000.0, 7350.0};
-static constexpr double kU2015_10Coeffs[][kTerms] = {
+static constexpr double kU2015_10Coeffs[][TERMS] = {
     {3.7785990572296099e-17, -2.7589299080969695e-14, -1.0313773922983484e-13,
      1.2842402539830428e-09, 4.3680572044543895e-07, 7.1764816909666106e-05, 0.17597387358239455},
     {9.0600160547182894e-17, -3.6396983132647165e-14, 2.4691831836065603e-13,
@@ -118,9 +118,9 @@ static constexpr double kU2015_10Coeffs[][kTerms] = {
 
 double locusU(int observer, double urd) {
     const double t = clampUrd(urd);
-    if (observer == kObserver2015Deg10)
+    if (observer == OBSERVER2015_DEG10)
         return belowBreakGoesLeft(kU2015_10Breaks, kU2015_10Coeffs, t);
-    return belowBreakGoesLeft(kU1931Breaks, kU1931Coeffs, t);
+    return belowBreakGoesLeft(U1931_BREAKS, U1931_COEFFS, t);
 }
 
 // v(urd) on the CIE 1960 Planckian locus, fitted to CIE 1931 2 deg (all other observers).
@@ -128,9 +128,9 @@ double locusU(int observer, double urd) {
 // of urd^6 .. urd^0, degree 6 in every piece. Max |error| against the exact locus on grid A:
 // 1.1e-06 at 1000..20000 K (50..1000 mired), 4.7e-10 above 20000 K, 9.3e-06 below 1000 K.
 // Neighbouring pieces agree within 6e-16 at the breaks.
-static constexpr double kV1931Breaks[] = {50.0,   100.0,  200.0,  490.0,  660.0,  1000.0,
+static constexpr double V1931_BREAKS[] = {50.0,   100.0,  200.0,  490.0,  660.0,  1000.0,
                                           3100.0, 4600.0, 5900.0, 6900.0, 8000.0, 8200.0};
-static constexpr double kV1931Coeffs[][kTerms] = {
+static constexpr double V1931_COEFFS[][TERMS] = {
     {2.5722759388908893e-16, 3.1632510314984646e-14, -2.1367220463419745e-11,
      -1.3249320970251977e-09, 9.888354821822776e-07, 0.00022763072219618823, 0.26352078493316422},
     {-2.4330224732693749e-16, 1.66914042154076e-13, -3.7335396204412061e-11,
@@ -166,7 +166,7 @@ static constexpr double kV1931Coeffs[][kTerms] = {
 // Neighbouring pieces agree within 4e-16 at the breaks.
 static constexpr double kV2015_10Breaks[] = {50.0,   100.0,  200.0,  490.0,  800.0, 1000.0,
                                              2750.0, 4700.0, 5800.0, 6600.0, 7400.0};
-static constexpr double kV2015_10Coeffs[][kTerms] = {
+static constexpr double kV2015_10Coeffs[][TERMS] = {
     {2.5310437782995834e-16, 2.3219162506041015e-14, -1.9881323928706193e-11,
      -1.0301209320587559e-09, 9.461186831722515e-07, 0.00021089545162576438, 0.2663293754743345},
     {-2.1095315423735884e-16, 1.4983047724257403e-13, -3.4972857388062548e-11,
@@ -195,9 +195,9 @@ static constexpr double kV2015_10Coeffs[][kTerms] = {
 
 double locusV(int observer, double urd) {
     const double t = clampUrd(urd);
-    if (observer == kObserver2015Deg10)
+    if (observer == OBSERVER2015_DEG10)
         return belowBreakGoesLeft(kV2015_10Breaks, kV2015_10Coeffs, t);
-    return belowBreakGoesLeft(kV1931Breaks, kV1931Coeffs, t);
+    return belowBreakGoesLeft(V1931_BREAKS, V1931_COEFFS, t);
 }
 
 }  // namespace planck_fit

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "Grid.h"
 #include "GridSum.h"
 #include "VantrelState.h"
 
@@ -14,7 +15,6 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 constexpr double LUMENS_PER_Y = 1366.0;
 // Scotopic lumens: 1700 lm/W times the 2 nm step.
 constexpr double SCOTOPIC_LM_PER_W = 1700.0;
-constexpr double GRID_STEP_NM = 2.0;
 
 // Default white of the dominant wavelength construction.
 constexpr double LDOM_WHITE = 0.3333;
@@ -43,7 +43,7 @@ std::unique_ptr<Vantrel::Reference> Vantrel::buildReference() {
     data.define_FCI_colors(VantrelData::NUM_FCI, fciRows);
 
     for (int i = 0; i < N; ++i) {
-        const double nm = 360.0 + GRID_STEP_NM * i;
+        const double nm = grid::nm(i);
         t.c2OverLambda[i] = 14.388 / nm;
         t.invLambda5[i] = 1.0 / (nm * nm * nm * nm * nm);
     }
@@ -302,7 +302,7 @@ void Vantrel::getXYZ(int sample, double* X, double* Y, double* Z, int row, int q
 }
 
 double Vantrel::getScotopicLumens(const double* spectrum) const {
-    return sum2Products(spectrum, ref->vPrime) * GRID_STEP_NM * SCOTOPIC_LM_PER_W;
+    return sum2Products(spectrum, ref->vPrime) * grid::STEP_NM * SCOTOPIC_LM_PER_W;
 }
 
 void Vantrel::getWhiteXYZ(int type, const double* spectrum, double* X, double* Y, double* Z) {

@@ -18,6 +18,19 @@
 
 #include "VantrelData.h"
 
+// A colour in CIELAB, and the CIEDE2000 difference of two of them term by term.
+struct CIELab {
+    double L, a, b;
+};
+struct CIEDE2000Weights {
+    double kL = 1.0, kC = 1.0, kH = 1.0;
+};
+struct CIEDE2000Terms {
+    double C1, C2, G, ap1, ap2, Cp1, Cp2, hp1, hp2;
+    double SL, SC, SH, T, RC, RT, dTheta;
+    double dL, dC, dH, tL, tC, tH, dE;
+};
+
 class Vantrel {
   public:
     static constexpr int NUM_GRID_POINTS = VantrelData::NUM_GRID;        // 360-830 nm, 2 nm
@@ -289,8 +302,16 @@ class Vantrel {
     static double varFunction_1(double t);
     static double get_dE_star_from_CIELab(double L1, double a1, double b1, double L2, double a2,
                                           double b2);
-    // CIEDE2000; dL, dC, dH are the raw differences (first minus second) before k and S.
-    // spare1 and spare2 are kept in the argument list and written by nothing.
+    // CIEDE2000 on value records: every term of the formula, for callers that show or trace
+    // them. dL, dC, dH are the raw differences (first minus second) before k and S; tL, tC, tH
+    // the scaled ones.
+    static CIEDE2000Terms ciede2000(const CIELab& first, const CIELab& second,
+                                    const CIEDE2000Weights& k = CIEDE2000Weights());
+    // The 26 tab-separated trace fields of one difference, ending the line.
+    static void writeCIEDE2000Trace(FILE* trace, const CIELab& first, const CIELab& second,
+                                    const CIEDE2000Terms& t);
+    // The same through the argument lists the calculators use; spare1 and spare2 are kept in
+    // the argument list and written by nothing.
     static void get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double L2, double a2,
                                           double b2, double kL, double kC, double kH,
                                           double* spare1, double* spare2, double* SL, double* SC,

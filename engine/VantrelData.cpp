@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "Grid.h"
 #include "Vantrel.h"
 #include "data/VantrelTables.h"
 
@@ -16,11 +17,9 @@ namespace tables = lumivar_tables;
 
 namespace {
 
-constexpr int kGridStartNm = 360;
-constexpr int kGridStepNm = 2;
-constexpr int kNoLimitNm = -1;
+constexpr int NO_LIMIT_NM = -1;
 
-constexpr int gridNm(int i) { return kGridStartNm + kGridStepNm * i; }
+constexpr int gridNm(int i) { return static_cast<int>(grid::nm(i)); }
 
 // Value of `column` at `nm` in a table whose column 0 holds a regular wavelength grid: the row
 // itself on the table's grid, linear between rows, 0 outside the table.
@@ -40,12 +39,12 @@ double sampleLinear(const double (&table)[R][C], std::size_t column, int nm) {
 
 // One column on grid A, optionally limited to [fromNm, toNm] with zeros outside.
 template <std::size_t R, std::size_t C>
-void toGridA(const double (&table)[R][C], std::size_t column, double* out, int fromNm = kNoLimitNm,
-             int toNm = kNoLimitNm) {
+void toGridA(const double (&table)[R][C], std::size_t column, double* out, int fromNm = NO_LIMIT_NM,
+             int toNm = NO_LIMIT_NM) {
     for (int i = 0; i < VantrelData::NUM_GRID; ++i) {
         const int nm = gridNm(i);
         const bool inside =
-            (fromNm == kNoLimitNm || nm >= fromNm) && (toNm == kNoLimitNm || nm <= toNm);
+            (fromNm == NO_LIMIT_NM || nm >= fromNm) && (toNm == NO_LIMIT_NM || nm <= toNm);
         out[i] = inside ? sampleLinear(table, column, nm) : 0.0;
     }
 }
@@ -53,7 +52,7 @@ void toGridA(const double (&table)[R][C], std::size_t column, double* out, int f
 // Columns 1 to 3 (x̄, ȳ, z̄) of a colour-matching-function table on grid A.
 template <std::size_t R>
 void observerToGridA(const double (&table)[R][4], double* xbar, double* ybar, double* zbar,
-                     int fromNm = kNoLimitNm, int toNm = kNoLimitNm) {
+                     int fromNm = NO_LIMIT_NM, int toNm = NO_LIMIT_NM) {
     toGridA(table, 1, xbar, fromNm, toNm);
     toGridA(table, 2, ybar, fromNm, toNm);
     toGridA(table, 3, zbar, fromNm, toNm);
@@ -94,31 +93,31 @@ void reflectancesToGridA(const double (&table)[R][C], double** rows, int first, 
 
 // Temperatures of the 26-row Planck table: fixed anchors at rows 0, 1, 13, 22, 23, 24 and 25,
 // the rows between rising geometrically and rounded to 10 K. The last row is urd = 1 mired.
-constexpr double kCctTableKelvin[VantrelData::NUM_CCT_TABLE] = {
+constexpr double CCT_TABLE_KELVIN[VantrelData::NUM_CCT_TABLE] = {
     1000,  1040,  1100, 1170, 1240, 1310, 1390, 1470, 1560, 1650, 1750, 1850, 1960,  // rows 0-12
     2080,  2430,  2830, 3300, 3850, 4500, 5250, 6120, 7140, 8330,                    // rows 13-22
     12000, 25000, 1e6};                                                              // rows 23-25
 
 // Planck's law on grid A as the CCT table uses it: c2 = 14388 µm·K, λ in nm, urd in mired.
-constexpr double kC2CctTable = 14.388;  // c2 / (1 nm · 1e6 K)
+constexpr double C2_CCT_TABLE = 14.388;  // c2 / (1 nm · 1e6 K)
 
 // Black-body line: c2 in m·K, λ in m; the 1e-30 only keeps the values near 1.
-constexpr double kC2 = 0.01438769;
-constexpr double kBlackBodyScale = 1e-30;
-constexpr double kBlackBodyFirstK = 1000.0;
-constexpr double kBlackBodyStepK = 10.0;
+constexpr double C2 = 0.01438769;
+constexpr double BLACK_BODY_SCALE = 1e-30;
+constexpr double BLACK_BODY_FIRST_K = 1000.0;
+constexpr double BLACK_BODY_STEP_K = 10.0;
 
 // CIE 1931 ȳ at 830 nm continued geometrically to this value at 1050 nm.
-constexpr double kEyeIrAt1050nm = 4.27534e-12;
+constexpr double EYE_IR_AT1050NM = 4.27534e-12;
 
 void blackBodyLine(const double* xbar, const double* ybar, const double* zbar, int* count4000K,
                    int* count5000K, double* x, double* y) {
     for (int k = 0; k < VantrelData::NUM_BLACK_BODY_LINE; ++k) {
-        const double kelvin = kBlackBodyFirstK + kBlackBodyStepK * k;
+        const double kelvin = BLACK_BODY_FIRST_K + BLACK_BODY_STEP_K * k;
         double X = 0.0, Y = 0.0, Z = 0.0;
         for (int i = 0; i < VantrelData::NUM_GRID; ++i) {
-            const double m = 3.6e-7 + i * 2e-9;
-            const double s = kBlackBodyScale / (std::pow(m, 5) * (std::exp(kC2 / kelvin / m) - 1));
+            const double m = grid::metres(i);
+            const double s = BLACK_BODY_SCALE / (std::pow(m, 5) * (std::exp(C2 / kelvin / m) - 1));
             // The engine's end-point rule: every point once, plus half of each end point.
             const double w = (i == 0 || i == VantrelData::NUM_GRID - 1) ? 1.5 * s : s;
             X += xbar[i] * w;
@@ -129,8 +128,8 @@ void blackBodyLine(const double* xbar, const double* ybar, const double* zbar, i
         x[k] = X / sum;
         y[k] = Y / sum;
     }
-    *count4000K = static_cast<int>((4000.0 - kBlackBodyFirstK) / kBlackBodyStepK) + 1;
-    *count5000K = static_cast<int>((5000.0 - kBlackBodyFirstK) / kBlackBodyStepK) + 1;
+    *count4000K = static_cast<int>((4000.0 - BLACK_BODY_FIRST_K) / BLACK_BODY_STEP_K) + 1;
+    *count5000K = static_cast<int>((5000.0 - BLACK_BODY_FIRST_K) / BLACK_BODY_STEP_K) + 1;
 }
 
 // Appends a 1 nm colour-matching-function table ending at 830 nm as grid C rows; a table that
@@ -151,74 +150,74 @@ void appendLocus(const double (&table)[R][4], int* count, double* X, double* Y, 
 }  // namespace
 
 void VantrelData::define_cie_1931_2deg_XYZ_bar(double* xbar, double* ybar, double* zbar) const {
-    observerToGridA(tables::kCie1931Cmf1nm, xbar, ybar, zbar);
+    observerToGridA(tables::CIE1931_CMF1NM, xbar, ybar, zbar);
 }
 
 void VantrelData::define_cie_1960_10deg_XYZ_bar(double* xbar, double* ybar, double* zbar) const {
-    observerToGridA(tables::kCie1964Cmf1nm, xbar, ybar, zbar, 380, 780);
+    observerToGridA(tables::CIE1964_CMF1NM, xbar, ybar, zbar, 380, 780);
 }
 
 void VantrelData::define_cie_2015_2deg_XYZ_bar(double* xbar, double* ybar, double* zbar) const {
-    observerToGridA(tables::kCie2015Cmf2deg1nm, xbar, ybar, zbar);
+    observerToGridA(tables::CIE2015_CMF2DEG1NM, xbar, ybar, zbar);
 }
 
 void VantrelData::define_cie_2015_10deg_XYZ_bar(double* xbar, double* ybar, double* zbar) const {
-    observerToGridA(tables::kCie2015Cmf10deg1nm, xbar, ybar, zbar);
+    observerToGridA(tables::CIE2015_CMF10DEG1NM, xbar, ybar, zbar);
 }
 
 void VantrelData::define_scotopic_XYZ_bar(double* vPrime) const {
-    toGridA(tables::kCie1951Scotopic1nm, 1, vPrime);
+    toGridA(tables::CIE1951_SCOTOPIC1NM, 1, vPrime);
 }
 
 void VantrelData::getDaylightCoefficients(double* S0, double* S1, double* S2) const {
-    toGridA(tables::kCieDaylight10nm, 1, S0);
-    toGridA(tables::kCieDaylight10nm, 2, S1);
-    toGridA(tables::kCieDaylight10nm, 3, S2);
+    toGridA(tables::CIE_DAYLIGHT10NM, 1, S0);
+    toGridA(tables::CIE_DAYLIGHT10NM, 2, S1);
+    toGridA(tables::CIE_DAYLIGHT10NM, 3, S2);
 }
 
 void VantrelData::getDaylightCoefficients_TLCI(double* S0, double* S1, double* S2) const {
-    copyGridB(tables::kEbu3355Daylight5nm, 1, S0);
-    copyGridB(tables::kEbu3355Daylight5nm, 2, S1);
-    copyGridB(tables::kEbu3355Daylight5nm, 3, S2);
+    copyGridB(tables::EBU3355_DAYLIGHT5NM, 1, S0);
+    copyGridB(tables::EBU3355_DAYLIGHT5NM, 2, S1);
+    copyGridB(tables::EBU3355_DAYLIGHT5NM, 3, S2);
     // EBU Tech 3355 prints S2(385 nm) = 2.05 (cubic mid-point); Lumivar's TLCI results were
     // made with 2.1, the CIE linear mid-point of 3.0 and 1.2, so that value is kept here.
     S2[1] = 2.1;
 }
 
 void VantrelData::get_xyz_bar_TLCI(double* xbar, double* ybar, double* zbar) const {
-    copyGridB(tables::kCie1931Cmf5nm, 1, xbar);
-    copyGridB(tables::kCie1931Cmf5nm, 2, ybar);
-    copyGridB(tables::kCie1931Cmf5nm, 3, zbar);
+    copyGridB(tables::CIE1931_CMF5NM, 1, xbar);
+    copyGridB(tables::CIE1931_CMF5NM, 2, ybar);
+    copyGridB(tables::CIE1931_CMF5NM, 3, zbar);
 }
 
 void VantrelData::defineEBUvalues(double* rbar, double* gbar, double* bbar) const {
-    copyGridB(tables::kEbu3355Camera5nm, 1, rbar);
-    copyGridB(tables::kEbu3355Camera5nm, 2, gbar);
-    copyGridB(tables::kEbu3355Camera5nm, 3, bbar);
+    copyGridB(tables::EBU3355_CAMERA5NM, 1, rbar);
+    copyGridB(tables::EBU3355_CAMERA5NM, 2, gbar);
+    copyGridB(tables::EBU3355_CAMERA5NM, 3, bbar);
 }
 
 void VantrelData::defineCHvalues(double** patches) const {
     for (int p = 0; p < NUM_COLOR_CHECKER; ++p) {
-        copyGridB(tables::kEbu3355ColorChecker5nm, static_cast<std::size_t>(1 + p), patches[p]);
+        copyGridB(tables::EBU3355_COLOR_CHECKER5NM, static_cast<std::size_t>(1 + p), patches[p]);
     }
 }
 
 void VantrelData::defineTCSvalues(double** rows) const {
-    reflectancesToGridA(tables::kCie133Tcs5nm, rows, 1, 14);
-    reflectancesToGridA(tables::kJisTcs15_5nm, rows, 15, 1);
+    reflectancesToGridA(tables::CIE133_TCS5NM, rows, 1, 14);
+    reflectancesToGridA(tables::JIS_TCS15_5NM, rows, 15, 1);
 }
 
 void VantrelData::defineVSvalues(double** rows) const {
-    reflectancesToGridA(tables::kCqs90Vs5nm, rows, 1, NUM_VS);
+    reflectancesToGridA(tables::CQS90_VS5NM, rows, 1, NUM_VS);
 }
 
 void VantrelData::defineCESvalues(int* types, double** rows) const {
-    reflectancesToGridA(tables::kTm30Ces99EvenNm, rows, 0, NUM_CES);
+    reflectancesToGridA(tables::TM30_CES99_EVEN_NM, rows, 0, NUM_CES);
     defineColorNameIndicies(types);
 }
 
 void VantrelData::defineColorNameIndicies(int* types) const {
-    for (int k = 0; k < NUM_CES; ++k) types[k] = tables::kTm30Ces99Types[k];
+    for (int k = 0; k < NUM_CES; ++k) types[k] = tables::TM30_CES99_TYPES[k];
 }
 
 const char* VantrelData::getCESColorTypeStr(int type) const {
@@ -243,34 +242,34 @@ const char* VantrelData::getCESColorTypeStr(int type) const {
 }
 
 void VantrelData::define_FCI_colors(int n, double** colors) const {
-    constexpr int rows = tables::kFci4Colours5nmRows;
+    constexpr int rows = tables::FCI4_COLOURS5NM_ROWS;
     double wl[rows];
     double value[rows];
-    for (int r = 0; r < rows; ++r) wl[r] = tables::kFci4Colours5nm[r][0];
+    for (int r = 0; r < rows; ++r) wl[r] = tables::FCI4_COLOURS5NM[r][0];
     const int count = n < NUM_FCI ? n : NUM_FCI;
     for (int c = 0; c < count; ++c) {
-        for (int r = 0; r < rows; ++r) value[r] = tables::kFci4Colours5nm[r][1 + c];
+        for (int r = 0; r < rows; ++r) value[r] = tables::FCI4_COLOURS5NM[r][1 + c];
         // Area-preserving: the 379-381 nm cell is half covered by data starting at 380 nm.
-        Vantrel::resampleSpectrum(rows, wl, value, kGridStartNm, 830, kGridStepNm, nullptr,
-                                  colors[c]);
+        Vantrel::resampleSpectrum(rows, wl, value, grid::FIRST_NM, grid::LAST_NM, grid::STEP_NM,
+                                  nullptr, colors[c]);
     }
 }
 
 void VantrelData::define_Q100_Q50_COI(double* q100, double* q50) const {
-    toGridA(tables::kCoiBlood5nm, 1, q100);
-    toGridA(tables::kCoiBlood5nm, 2, q50);
+    toGridA(tables::COI_BLOOD5NM, 1, q100);
+    toGridA(tables::COI_BLOOD5NM, 2, q50);
 }
 
 void VantrelData::defineCircadianConstants(double* V, double* S, double* Mc) const {
-    toGridA(tables::kLrc2012Circadian2nm, 3, V);   // V(λ) with macular filtering
-    toGridA(tables::kLrc2012Circadian2nm, 4, S);   // S-cone with macular filtering
-    toGridA(tables::kLrc2012Circadian2nm, 5, Mc);  // melanopsin with lens filtering
+    toGridA(tables::LRC2012_CIRCADIAN2NM, 3, V);   // V(λ) with macular filtering
+    toGridA(tables::LRC2012_CIRCADIAN2NM, 4, S);   // S-cone with macular filtering
+    toGridA(tables::LRC2012_CIRCADIAN2NM, 5, Mc);  // melanopsin with lens filtering
 }
 
 void VantrelData::define_Well_Buillding_Melanopic_and_Visual_curves(double* melanopic,
                                                                     double* visual) const {
-    toGridA(tables::kWellV1Melanopic5nm, 1, melanopic);
-    toGridA(tables::kWellV1Melanopic5nm, 2, visual);
+    toGridA(tables::WELL_V1_MELANOPIC5NM, 1, melanopic);
+    toGridA(tables::WELL_V1_MELANOPIC5NM, 2, visual);
 }
 
 void VantrelData::defineEMLcurves(double* melanopic, double* visual) const {
@@ -283,19 +282,19 @@ void VantrelData::defineEMLcurves(double* melanopic, double* visual) const {
 
 // Stand-in film curves (see the data files): layer gains as applied to the original tables.
 void VantrelData::make_kodak_daylight_colors(double* R, double* G, double* B) const {
-    filmLayerToGridA(tables::kKodak5207Red, 1.0, R);
-    filmLayerToGridA(tables::kKodak5207Green, 0.927, G);
-    filmLayerToGridA(tables::kKodak5207Blue, 1.03, B);
+    filmLayerToGridA(tables::KODAK5207_RED, 1.0, R);
+    filmLayerToGridA(tables::KODAK5207_GREEN, 0.927, G);
+    filmLayerToGridA(tables::KODAK5207_BLUE, 1.03, B);
 }
 
 void VantrelData::make_kodak_3200K_colors(double* R, double* G, double* B) const {
-    filmLayerToGridA(tables::kKodak5219Red, 1.0, R);
-    filmLayerToGridA(tables::kKodak5219Green, 1.01, G);
-    filmLayerToGridA(tables::kKodak5219Blue, 1.24, B);
+    filmLayerToGridA(tables::KODAK5219_RED, 1.0, R);
+    filmLayerToGridA(tables::KODAK5219_GREEN, 1.01, G);
+    filmLayerToGridA(tables::KODAK5219_BLUE, 1.24, B);
 }
 
 // Lumivar's own extrapolation of the eye curve into the infrared: CIE 1931 ȳ to 830 nm, then a
-// geometric fall from ȳ(830) that reaches kEyeIrAt1050nm at 1050 nm.
+// geometric fall from ȳ(830) that reaches EYE_IR_AT1050NM at 1050 nm.
 void VantrelData::defineEyeSensitivityCurveIR(double* curve) const {
     double xbar[NUM_GRID], zbar[NUM_GRID];
     define_cie_1931_2deg_XYZ_bar(xbar, curve, zbar);
@@ -303,7 +302,7 @@ void VantrelData::defineEyeSensitivityCurveIR(double* curve) const {
     const int steps = NUM_GRID_IR - NUM_GRID;
     for (int k = 1; k <= steps; ++k) {
         const double t = static_cast<double>(k) / steps;  // exactly 1 at 1050 nm
-        curve[last + k] = std::pow(curve[last], 1.0 - t) * std::pow(kEyeIrAt1050nm, t);
+        curve[last + k] = std::pow(curve[last], 1.0 - t) * std::pow(EYE_IR_AT1050NM, t);
     }
 }
 
@@ -315,11 +314,11 @@ void VantrelData::defineCCTdata(int type, double* urd, double* u, double* v) con
         define_cie_1931_2deg_XYZ_bar(xbar, ybar, zbar);
     }
     for (int r = 0; r < NUM_CCT_TABLE; ++r) {
-        urd[r] = 1e6 / kCctTableKelvin[r];
+        urd[r] = 1e6 / CCT_TABLE_KELVIN[r];
         double X = 0.0, Y = 0.0, Z = 0.0;
         for (int i = 0; i < NUM_GRID; ++i) {
             const double nm = gridNm(i);
-            const double w = (1.0 / std::pow(nm, 5)) / (std::exp(kC2CctTable / nm * urd[r]) - 1);
+            const double w = (1.0 / std::pow(nm, 5)) / (std::exp(C2_CCT_TABLE / nm * urd[r]) - 1);
             X += xbar[i] * w;
             Y += ybar[i] * w;
             Z += zbar[i] * w;
@@ -345,10 +344,10 @@ void VantrelData::defineBlackBodyline_2015_10Deg(int* count4000K, int* count5000
 }
 
 void VantrelData::getHorseShoeData_xy(int* count, double* X, double* Y, double* Z) const {
-    appendLocus(tables::kCie1931Cmf1nm, count, X, Y, Z);
+    appendLocus(tables::CIE1931_CMF1NM, count, X, Y, Z);
 }
 
 void VantrelData::getHorseShoeData_2015_10deg_xy(int* count, double* X, double* Y,
                                                  double* Z) const {
-    appendLocus(tables::kCie2015Cmf10deg1nm, count, X, Y, Z);  // 360-389 nm repeat 390 nm
+    appendLocus(tables::CIE2015_CMF10DEG1NM, count, X, Y, Z);  // 360-389 nm repeat 390 nm
 }

@@ -3,38 +3,38 @@
 // ratio, the equivalent melanopic lux ratio, and lumens through an eye curve reaching 1050 nm.
 #include <cmath>
 
+#include "Grid.h"
 #include "VantrelState.h"
 
 namespace {
 
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 // Lumens from Y: 683 lm/W times the 2 nm step.
-constexpr double kLumensPerY = 1366.0;
-constexpr double kGridStepNm = 2.0;
+constexpr double LUMENS_PER_Y = 1366.0;
 // Below this a response integral counts as absent.
-constexpr double kTinyIntegral = 1e-12;
-constexpr double kMinLux = 0.001;
+constexpr double TINY_INTEGRAL = 1e-12;
+constexpr double MIN_LUX = 0.001;
 // WELL v1: melanopic ratio scale, making equal-energy light come out near 1.
-constexpr double kWellRatioScale = 1.218;
+constexpr double WELL_RATIO_SCALE = 1.218;
 
 // Rea et al. (2012) constants as this program settles them.
-constexpr double kCLAScale = 1547.9;
-constexpr double kOpponentWeight = 0.7;
-constexpr double kVWeightInOpponent = 0.2616;
-constexpr double kRodWeight = 3.3;
-constexpr double kRodSaturation = 6.5215;
-constexpr double kCSMax = 0.7;
-constexpr double kCLAHalf = 355.7;
-constexpr double kCSExponent = 1.1026;
+constexpr double CLA_SCALE = 1547.9;
+constexpr double OPPONENT_WEIGHT = 0.7;
+constexpr double V_WEIGHT_IN_OPPONENT = 0.2616;
+constexpr double ROD_WEIGHT = 3.3;
+constexpr double ROD_SATURATION = 6.5215;
+constexpr double CS_MAX = 0.7;
+constexpr double CLA_HALF = 355.7;
+constexpr double CS_EXPONENT = 1.1026;
 
-constexpr int kMaxSearch = 100;
+constexpr int MAX_SEARCH = 100;
 
 // The four integrals of the CLA model (factor 2 nm only) and the lumen figure L of a spectrum.
 struct CircadianSums {
     double L, mc, s, v, vPrime;
     bool anyTiny() const {
-        return mc < kTinyIntegral || s < kTinyIntegral || v < kTinyIntegral ||
-               vPrime < kTinyIntegral;
+        return mc < TINY_INTEGRAL || s < TINY_INTEGRAL || v < TINY_INTEGRAL ||
+               vPrime < TINY_INTEGRAL;
     }
 };
 
@@ -52,7 +52,7 @@ bool brentRoot(const CircadianSums& sums, double target, double x1, double x2, d
     double a = x1, b = x2, c = x2, d = 0, e = 0;
     double fa = csAt(sums, a) - target, fb = csAt(sums, b) - target;
     double fc = fb;
-    for (int iter = 0; iter < kMaxSearch; ++iter) {
+    for (int iter = 0; iter < MAX_SEARCH; ++iter) {
         if ((fb > 0 && fc > 0) || (fb < 0 && fc < 0)) {
             c = a;
             fc = fa;
@@ -116,14 +116,14 @@ double plainSum(const double* a, const double* b) {
 
 void Vantrel::getCircadianTerms(double scale, double mc, double s, double v, double vPrime,
                                 double* cla, double* cs) {
-    if (kVWeightInOpponent * v > s) {
+    if (V_WEIGHT_IN_OPPONENT * v > s) {
         *cla = scale * mc;  // yellow side: no opponent term
     } else {
-        *cla = scale * mc + kOpponentWeight * scale * (s - kVWeightInOpponent * v) -
-               kRodWeight * (1.0 - std::exp(-scale * vPrime / kRodSaturation));
+        *cla = scale * mc + OPPONENT_WEIGHT * scale * (s - V_WEIGHT_IN_OPPONENT * v) -
+               ROD_WEIGHT * (1.0 - std::exp(-scale * vPrime / ROD_SATURATION));
     }
-    *cla *= kCLAScale;
-    *cs = kCSMax * (1.0 - 1.0 / (1.0 + std::pow(*cla / kCLAHalf, kCSExponent)));
+    *cla *= CLA_SCALE;
+    *cs = CS_MAX * (1.0 - 1.0 / (1.0 + std::pow(*cla / CLA_HALF, CS_EXPONENT)));
 }
 
 namespace {
@@ -134,11 +134,11 @@ CircadianSums circadianSums(const Vantrel& engine, const VantrelData& data, cons
     double X, Y, Z, x, y;
     engine.cie_XYZ(2, spectrum, nullptr, &X, &Y, &Z, &x, &y);
     CircadianSums sums;
-    sums.L = kLumensPerY * Y;
-    sums.mc = kGridStepNm * Vantrel::sum2Products(spectrum, Mc);
-    sums.s = kGridStepNm * Vantrel::sum2Products(spectrum, S);
-    sums.v = kGridStepNm * Vantrel::sum2Products(spectrum, V);
-    sums.vPrime = kGridStepNm * Vantrel::sum2Products(spectrum, vPrime);
+    sums.L = LUMENS_PER_Y * Y;
+    sums.mc = grid::STEP_NM * Vantrel::sum2Products(spectrum, Mc);
+    sums.s = grid::STEP_NM * Vantrel::sum2Products(spectrum, S);
+    sums.v = grid::STEP_NM * Vantrel::sum2Products(spectrum, V);
+    sums.vPrime = grid::STEP_NM * Vantrel::sum2Products(spectrum, vPrime);
     return sums;
 }
 }  // namespace
@@ -146,7 +146,7 @@ CircadianSums circadianSums(const Vantrel& engine, const VantrelData& data, cons
 bool Vantrel::getCircadian_CLA(const double* spectrum, double lux, double* cla, double* cs) {
     *cla = 0;
     *cs = 0;
-    if (lux < kMinLux) return false;
+    if (lux < MIN_LUX) return false;
     const CircadianSums sums = circadianSums(*this, data, ref->vPrime, spectrum);
     // A spectrum without lumens cannot be scaled to an illuminance.
     if (!(sums.L > 0)) return false;
@@ -159,7 +159,7 @@ bool Vantrel::getCircadian_CLA(const double* spectrum, double lux, double* cla, 
 
 namespace {
 // Relative miss of the target CS beyond which the found illuminance is refused.
-constexpr double kCriticalMissTolerance = 0.005;
+constexpr double CRITICAL_MISS_TOLERANCE = 0.005;
 }  // namespace
 
 bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, double* lux) {
@@ -171,7 +171,7 @@ bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, doub
     // Downward from 1000 lx first; the upward search runs only when that finds nothing.
     bool found = false;
     double low = 0, high = 0, lx = 1000.0;
-    for (int i = 0; i < kMaxSearch && !found; ++i) {
+    for (int i = 0; i < MAX_SEARCH && !found; ++i) {
         if (csAt(sums, lx) < targetCS)
             found = true;
         else
@@ -182,7 +182,7 @@ bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, doub
         high = low / 0.6;
     } else {
         lx = 900.0;
-        for (int i = 0; i < kMaxSearch && !found; ++i) {
+        for (int i = 0; i < MAX_SEARCH && !found; ++i) {
             if (csAt(sums, lx) > targetCS)
                 found = true;
             else
@@ -196,7 +196,7 @@ bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, doub
     // root (2700 K passes CS 0.5 near 960 lx, past the 500-833 lx bracket) or there may be
     // none (CS saturates at 0.7). An illuminance that does not give the target is no answer.
     if (!brentRoot(sums, targetCS, low, high, lux)) return false;
-    if (std::fabs(csAt(sums, *lux) - targetCS) > kCriticalMissTolerance * targetCS) {
+    if (std::fabs(csAt(sums, *lux) - targetCS) > CRITICAL_MISS_TOLERANCE * targetCS) {
         *lux = 0;
         return false;
     }
@@ -206,7 +206,7 @@ bool Vantrel::getCircadianCritical(const double* spectrum, double targetCS, doub
 double Vantrel::getWellBuildingMelanopicRatio(const double* spectrum) {
     const double visual = plainSum(spectrum, ref->wellVisual);
     if (visual == 0) return NO_VALUE;
-    return kWellRatioScale * plainSum(spectrum, ref->wellMelanopic) / visual;
+    return WELL_RATIO_SCALE * plainSum(spectrum, ref->wellMelanopic) / visual;
 }
 
 void Vantrel::get_Well_Buillding_Melanopic_and_Visual_curves(double* melanopic, double* visual) {
@@ -219,7 +219,7 @@ void Vantrel::get_Well_Buillding_Melanopic_and_Visual_curves(double* melanopic, 
 double Vantrel::getNormalizedEML(const double* spectrum) {
     const double visual = plainSum(spectrum, ref->emlVisual);
     if (!(visual > 0)) return 0;
-    return kWellRatioScale * plainSum(spectrum, ref->emlMelanopic) / visual;
+    return WELL_RATIO_SCALE * plainSum(spectrum, ref->emlMelanopic) / visual;
 }
 
 double Vantrel::getEquivalenceLm(int n, const double* spectrum, double stepNm) {

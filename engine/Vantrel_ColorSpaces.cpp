@@ -5,38 +5,37 @@
 #include <cstdio>
 
 #include "ColorMatrices.h"
+#include "Grid.h"
 #include "Vantrel.h"
 
 namespace {
-constexpr double kPi = 3.14159265358979323846;
-constexpr double kDeg = kPi / 180.0;
 
 // CIE 15 CIELAB break point, (6/29)³, and the offset 16/116 of the linear segment. The
 // constants are kept at the precision the stored Lab results were made with.
-constexpr double kLabEpsilon = 0.00885645;
-constexpr double kLabOffset = 0.13793103448275862;
-constexpr double kLabSlope = 7.787;
+constexpr double LAB_EPSILON = 0.00885645;
+constexpr double LAB_OFFSET = 0.13793103448275862;
+constexpr double LAB_SLOPE = 7.787;
 // Reverse: below L* of about 8 the linear segment Y/Yn = L*/κ with κ rounded to 903. The
 // break and κ are kept as rounded; with them L* just below 8 does not round-trip exactly.
-constexpr double kLabBreakL = 7.9996247999999985;
-constexpr double kLabKappa = 903.0;
+constexpr double LAB_BREAK_L = 7.9996247999999985;
+constexpr double LAB_KAPPA = 903.0;
 
 // 25⁷: chromas well above 25 get no a* stretch (G → 0) and the full blue rotation (RC → 2).
 constexpr double k25Pow7 = 6103515625.0;
-constexpr double kHueTiny = 1e-6;
+constexpr double HUE_TINY = 1e-6;
 
 // Planck constant times the speed of light, h·c in J·m; a photon of λ nm carries
 // h·c / (λ·1e-9) joules.
-constexpr double kPlanckTimesLight = 1.9864456832693028e-25;
+constexpr double PLANCK_TIMES_LIGHT = 1.9864456832693028e-25;
 
-constexpr double kGreyTiny = 1e-6;
-constexpr double kThird = 0.3333333333333333;
-constexpr double kSixth = 0.16666666666666666;
-constexpr double kTwoThirds = 0.6666666666666666;
+constexpr double GREY_TINY = 1e-6;
+constexpr double THIRD = 0.3333333333333333;
+constexpr double SIXTH = 0.16666666666666666;
+constexpr double TWO_THIRDS = 0.6666666666666666;
 
 double hueDegrees(double a, double b) {
-    if (std::fabs(a) < kHueTiny && std::fabs(b) < kHueTiny) return 0.0;
-    double h = std::atan2(b, a) / kDeg;
+    if (std::fabs(a) < HUE_TINY && std::fabs(b) < HUE_TINY) return 0.0;
+    double h = std::atan2(b, a) / angle::DEG_TO_RAD;
     if (h < 0.0) h += 360.0;
     return h;
 }
@@ -61,14 +60,14 @@ double hexconeHue(double r, double g, double b, double max, double chroma) {
 // CIELAB (CIE 15)
 
 double Vantrel::varFunction(double t) {
-    if (t > kLabEpsilon) return std::pow(t, 0.33333333333333);
-    return kLabSlope * t + kLabOffset;
+    if (t > LAB_EPSILON) return std::pow(t, 0.33333333333333);
+    return LAB_SLOPE * t + LAB_OFFSET;
 }
 
 double Vantrel::varFunction_1(double t) {
     const double cube = t * t * t;
-    if (cube > kLabEpsilon) return cube;
-    return (t - kLabOffset) / kLabSlope;
+    if (cube > LAB_EPSILON) return cube;
+    return (t - LAB_OFFSET) / LAB_SLOPE;
 }
 
 void Vantrel::get_CIELab_from_XYZ(double X, double Y, double Z, double Xn, double Yn, double Zn,
@@ -84,8 +83,8 @@ void Vantrel::get_CIELab_from_XYZ(double X, double Y, double Z, double Xn, doubl
 void Vantrel::get_XYZ_from_CIELab(double L, double a, double b, double Xn, double Yn, double Zn,
                                   double* X, double* Y, double* Z) {
     double y;
-    if (L < kLabBreakL) {
-        y = L / kLabKappa;
+    if (L < LAB_BREAK_L) {
+        y = L / LAB_KAPPA;
     } else {
         const double fy = (16.0 + L) / 116.0;
         y = fy * fy * fy;
@@ -112,35 +111,35 @@ double Vantrel::get_dE_star_from_CIELab(double L1, double a1, double b1, double 
 // ---------------------------------------------------------------------------------------------
 // CIEDE2000 (CIE 142; Sharma, Wu and Dalal 2005, equations 1 to 22)
 
-void Vantrel::get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double L2, double a2,
-                                        double b2, double kL, double kC, double kH,
-                                        double* /*spare1*/, double* /*spare2*/, double* SL,
-                                        double* SC, double* SH, double* dL, double* dC, double* dH,
-                                        double* dE, FILE* trace) {
+CIEDE2000Terms Vantrel::ciede2000(const CIELab& first, const CIELab& second,
+                                  const CIEDE2000Weights& k) {
+    CIEDE2000Terms t;
+    const double L1 = first.L, a1 = first.a, b1 = first.b;
+    const double L2 = second.L, a2 = second.a, b2 = second.b;
     // a* is stretched for near-neutral colours to correct the blue-region hue non-linearity.
-    const double C1 = std::sqrt(a1 * a1 + b1 * b1);
-    const double C2 = std::sqrt(a2 * a2 + b2 * b2);
-    const double Cmean = 0.5 * (C1 + C2);
+    t.C1 = std::sqrt(a1 * a1 + b1 * b1);
+    t.C2 = std::sqrt(a2 * a2 + b2 * b2);
+    const double Cmean = 0.5 * (t.C1 + t.C2);
     const double Cmean7 = std::pow(Cmean, 7.0);
-    const double G = 0.5 * (1.0 - std::sqrt(Cmean7 / (Cmean7 + k25Pow7)));
-    const double ap1 = (1.0 + G) * a1;
-    const double ap2 = (1.0 + G) * a2;
-    const double Cp1 = std::sqrt(ap1 * ap1 + b1 * b1);
-    const double Cp2 = std::sqrt(ap2 * ap2 + b2 * b2);
-    const double hp1 = hueDegrees(ap1, b1);
-    const double hp2 = hueDegrees(ap2, b2);
+    t.G = 0.5 * (1.0 - std::sqrt(Cmean7 / (Cmean7 + k25Pow7)));
+    t.ap1 = (1.0 + t.G) * a1;
+    t.ap2 = (1.0 + t.G) * a2;
+    t.Cp1 = std::sqrt(t.ap1 * t.ap1 + b1 * b1);
+    t.Cp2 = std::sqrt(t.ap2 * t.ap2 + b2 * b2);
+    t.hp1 = hueDegrees(t.ap1, b1);
+    t.hp2 = hueDegrees(t.ap2, b2);
 
     // Hue difference the short way round the circle; its sign cancels in ΔE.
-    const double rawDh = hp1 - hp2;
+    const double rawDh = t.hp1 - t.hp2;
     double dh = rawDh;
     if (dh > 180.0) dh -= 360.0;
     if (dh < -180.0) dh += 360.0;
 
     // Mean hue: for a neutral colour the hue is undefined (0) and the sum stands for the mean.
-    const double CpProduct = Cp1 * Cp2;
-    const double hueSum = hp1 + hp2;
+    const double CpProduct = t.Cp1 * t.Cp2;
+    const double hueSum = t.hp1 + t.hp2;
     double hMean;
-    if (std::fabs(CpProduct) < kHueTiny) {
+    if (std::fabs(CpProduct) < HUE_TINY) {
         hMean = hueSum;
     } else if (std::fabs(rawDh) > 180.0) {
         hMean = 0.5 * (hueSum < 360.0 ? hueSum + 360.0 : hueSum - 360.0);
@@ -148,42 +147,57 @@ void Vantrel::get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double 
         hMean = 0.5 * hueSum;
     }
 
-    *dL = L1 - L2;
-    *dC = Cp1 - Cp2;
-    *dH = 2.0 * std::sqrt(CpProduct) * std::sin(0.5 * dh * kDeg);
+    t.dL = L1 - L2;
+    t.dC = t.Cp1 - t.Cp2;
+    t.dH = 2.0 * std::sqrt(CpProduct) * std::sin(0.5 * dh * angle::DEG_TO_RAD);
 
     const double Lmean = 0.5 * (L1 + L2);
-    const double Cpmean = 0.5 * (Cp1 + Cp2);
+    const double Cpmean = 0.5 * (t.Cp1 + t.Cp2);
     const double L50 = (Lmean - 50.0) * (Lmean - 50.0);
-    const double T =
-        1.0 - 0.17 * std::cos((hMean - 30.0) * kDeg) + 0.24 * std::cos(2.0 * hMean * kDeg) +
-        0.32 * std::cos((3.0 * hMean + 6.0) * kDeg) - 0.20 * std::cos((4.0 * hMean - 63.0) * kDeg);
-    *SL = 1.0 + 0.015 * L50 / std::sqrt(20.0 + L50);
-    *SC = 1.0 + 0.045 * Cpmean;
-    *SH = 1.0 + 0.015 * Cpmean * T;
+    t.T = 1.0 - 0.17 * std::cos((hMean - 30.0) * angle::DEG_TO_RAD) +
+          0.24 * std::cos(2.0 * hMean * angle::DEG_TO_RAD) +
+          0.32 * std::cos((3.0 * hMean + 6.0) * angle::DEG_TO_RAD) -
+          0.20 * std::cos((4.0 * hMean - 63.0) * angle::DEG_TO_RAD);
+    t.SL = 1.0 + 0.015 * L50 / std::sqrt(20.0 + L50);
+    t.SC = 1.0 + 0.045 * Cpmean;
+    t.SH = 1.0 + 0.015 * Cpmean * t.T;
 
     // Rotation term for the tilted blue ellipses, centred on hue 275°.
     const double hz = (hMean - 275.0) / 25.0;
-    const double dTheta = 30.0 * std::exp(-hz * hz);
+    t.dTheta = 30.0 * std::exp(-hz * hz);
     const double Cpmean7 = std::pow(Cpmean, 7.0);
-    const double RC = 2.0 * std::sqrt(Cpmean7 / (Cpmean7 + k25Pow7));
-    const double RT = -std::sin(2.0 * dTheta * kDeg) * RC;
+    t.RC = 2.0 * std::sqrt(Cpmean7 / (Cpmean7 + k25Pow7));
+    t.RT = -std::sin(2.0 * t.dTheta * angle::DEG_TO_RAD) * t.RC;
 
-    const double tL = *dL / (kL * *SL);
-    const double tC = *dC / (kC * *SC);
-    const double tH = *dH / (kH * *SH);
-    *dE = std::sqrt(tL * tL + tC * tC + tH * tH + RT * tC * tH);
+    t.tL = t.dL / (k.kL * t.SL);
+    t.tC = t.dC / (k.kC * t.SC);
+    t.tH = t.dH / (k.kH * t.SH);
+    t.dE = std::sqrt(t.tL * t.tL + t.tC * t.tC + t.tH * t.tH + t.RT * t.tC * t.tH);
+    return t;
+}
 
-    if (trace != nullptr) {
-        // L, a, b, C of each colour; C′ of each; G; h′ of each; a′ of each; SL, SC, SH, T, RC,
-        // RT, Δθ; the three scaled differences; ΔE.
-        const double fields[] = {L1,  a1,  b1,  C1,  L2,  a2, b2, C2, Cp1,    Cp2, G,  hp1, hp2,
-                                 ap1, ap2, *SL, *SC, *SH, T,  RC, RT, dTheta, tL,  tC, tH,  *dE};
-        const int n = static_cast<int>(sizeof(fields) / sizeof(fields[0]));
-        for (int i = 0; i < n; ++i) {
-            std::fprintf(trace, i + 1 < n ? "%.6le\t" : "%.6le\n", fields[i]);
-        }
-    }
+void Vantrel::writeCIEDE2000Trace(FILE* trace, const CIELab& first, const CIELab& second,
+                                  const CIEDE2000Terms& t) {
+    // L, a, b, C of each colour; C′ of each; G; h′ of each; a′ of each; SL, SC, SH, T, RC, RT,
+    // Δθ; the three scaled differences; ΔE.
+    const double fields[] = {first.L,  first.a, first.b, t.C1, second.L, second.a, second.b,
+                             t.C2,     t.Cp1,   t.Cp2,   t.G,  t.hp1,    t.hp2,    t.ap1,
+                             t.ap2,    t.SL,    t.SC,    t.SH, t.T,      t.RC,     t.RT,
+                             t.dTheta, t.tL,    t.tC,    t.tH, t.dE};
+    const int n = static_cast<int>(sizeof(fields) / sizeof(fields[0]));
+    for (int i = 0; i < n; ++i) std::fprintf(trace, i + 1 < n ? "%.6le\t" : "%.6le\n", fields[i]);
+}
+
+void Vantrel::get_CIEDE2000_from_CIELab(double L1, double a1, double b1, double L2, double a2,
+                                        double b2, double kL, double kC, double kH,
+                                        double* /*spare1*/, double* /*spare2*/, double* SL,
+                                        double* SC, double* SH, double* dL, double* dC, double* dH,
+                                        double* dE, FILE* trace) {
+    const CIELab first{L1, a1, b1}, second{L2, a2, b2};
+    const CIEDE2000Terms t = ciede2000(first, second, CIEDE2000Weights{kL, kC, kH});
+    *SL = t.SL, *SC = t.SC, *SH = t.SH;
+    *dL = t.dL, *dC = t.dC, *dH = t.dH, *dE = t.dE;
+    if (trace != nullptr) writeCIEDE2000Trace(trace, first, second, t);
 }
 
 void Vantrel::get_CIEDE2000_from_XYZ(int /*index*/, double X1, double Y1, double Z1, double X2,
@@ -228,17 +242,17 @@ void Vantrel::RGBtoHSV(double r, double g, double b, double* h, double* s, doubl
     const double min = std::min({r, g, b});
     const double chroma = max - min;
     *v = max;
-    if (max < kGreyTiny) {
+    if (max < GREY_TINY) {
         *s = 0.0;
         *h = -1.0;
         return;
     }
     *s = chroma / max;
-    *h = chroma < kGreyTiny ? 0.0 : hexconeHue(r, g, b, max, chroma);
+    *h = chroma < GREY_TINY ? 0.0 : hexconeHue(r, g, b, max, chroma);
 }
 
 void Vantrel::HSVtoRGB(double h, double s, double v, double* r, double* g, double* b) {
-    if (s < kGreyTiny) {
+    if (s < GREY_TINY) {
         *r = *g = *b = v;
         return;
     }
@@ -266,12 +280,12 @@ void Vantrel::RGBtoHSL(double r, double g, double b, double* h, double* s, doubl
     const double min = std::min({r, g, b});
     const double chroma = max - min;
     *l = 0.5 * (max + min);
-    if (*l < kGreyTiny) {
+    if (*l < GREY_TINY) {
         *s = 0.0;
         *h = -1.0;
         return;
     }
-    if (chroma < kGreyTiny) {
+    if (chroma < GREY_TINY) {
         *s = 0.0;
         *h = 0.0;
         return;
@@ -283,23 +297,23 @@ void Vantrel::RGBtoHSL(double r, double g, double b, double* h, double* s, doubl
 double Vantrel::HueToRgb(double p, double q, double t) {
     if (t < 0.0) t += 1.0;
     if (t > 1.0) t -= 1.0;
-    if (t < kSixth) return p + (q - p) * 6.0 * t;
+    if (t < SIXTH) return p + (q - p) * 6.0 * t;
     if (t < 0.5) return q;
-    if (t < kTwoThirds) return p + (q - p) * (kTwoThirds - t) * 6.0;
+    if (t < TWO_THIRDS) return p + (q - p) * (TWO_THIRDS - t) * 6.0;
     return p;
 }
 
 void Vantrel::HSLtoRGB(double h, double s, double l, double* r, double* g, double* b) {
-    if (s < kGreyTiny) {
+    if (s < GREY_TINY) {
         *r = *g = *b = l;
         return;
     }
     const double q = l < 0.5 ? l * (1.0 + s) : l + s - l * s;
     const double p = 2.0 * l - q;
     const double t = h / 360.0;
-    *r = HueToRgb(p, q, t + kThird);
+    *r = HueToRgb(p, q, t + THIRD);
     *g = HueToRgb(p, q, t);
-    *b = HueToRgb(p, q, t - kThird);
+    *b = HueToRgb(p, q, t - THIRD);
 }
 
 void Vantrel::HSVtoHSL(double h, double s, double v, double* hOut, double* sOut, double* l) {
@@ -355,11 +369,11 @@ void Vantrel::getCxCyFromMix(int n, const double* x, const double* y, const doub
 }
 
 double Vantrel::convert_to_Photons_Sec_from_Watts_nm(double watts, double nm) {
-    return watts / (kPlanckTimesLight / (nm * 1e-9));
+    return watts / (PLANCK_TIMES_LIGHT / (nm * 1e-9));
 }
 
 double Vantrel::convert_to_Watts_nm_from_Photons_Sec(double photons, double nm) {
-    return photons * (kPlanckTimesLight / (nm * 1e-9));
+    return photons * (PLANCK_TIMES_LIGHT / (nm * 1e-9));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -367,14 +381,14 @@ double Vantrel::convert_to_Watts_nm_from_Photons_Sec(double photons, double nm) 
 
 void Vantrel::linearInterpolateTo2nm(int n, const double* wl, const double* value, int outN,
                                      double* out) {
-    constexpr double kBracketTol = 0.0001;  // nm; lets 5 nm rows land exactly on the grid
+    constexpr double BRACKET_TOL = 0.0001;  // nm; lets 5 nm rows land exactly on the grid
     std::fill(out, out + outN, 0.0);
     int j = 0;
     for (int k = 0; k < outN; ++k) {
-        const double w = 360.0 + 2.0 * k;
-        while (j < n - 2 && wl[j + 1] + kBracketTol < w) ++j;
+        const double w = grid::nm(k);
+        while (j < n - 2 && wl[j + 1] + BRACKET_TOL < w) ++j;
         if (j + 1 >= n) break;
-        if (w < wl[j] - kBracketTol || w > wl[j + 1] + kBracketTol) continue;
+        if (w < wl[j] - BRACKET_TOL || w > wl[j + 1] + BRACKET_TOL) continue;
         const double span = wl[j + 1] - wl[j];
         if (span == 0.0) continue;
         out[k] = value[j] + (w - wl[j]) * (value[j + 1] - value[j]) / span;
@@ -422,7 +436,7 @@ double Vantrel::getPeakCentroid(const double* spectrum) {
         moment += m * (i + 0.5);
         area += m;
     }
-    return 360.0 + 2.0 * moment / area;
+    return grid::FIRST_NM + grid::STEP_NM * moment / area;
 }
 
 void Vantrel::convolute(const double* a, int na, const double* kernel, int nk, double* out) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "Grid.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
 
@@ -29,8 +30,6 @@ constexpr double CLASS_A_MIN_CCT = 2700.0;
 constexpr double CLASS_A_MAX_CCT = 6500.0;
 constexpr double CLASS_A_WHITE_SPLIT_CCT = 4100.0;
 constexpr double CLASS_A_MAX_MACADAM_STEPS = 4.0;
-
-constexpr double RAD_TO_DEG = 57.29577951308232;
 
 // Ratio a/b when both are above 0, else 0.
 double ratioOfAreas(double a, double b) { return (a > 0 && b > 0) ? a / b : 0.0; }
@@ -173,7 +172,7 @@ bool Vantrel::orderGamut(bool descending, int n, double* x, double* y) {
     const double direction = descending ? 1.0 : -1.0;
     std::vector<double> key(n);
     for (int k = 0; k < n; ++k) {
-        double degrees = std::atan2(y[k] - cy, x[k] - cx) * RAD_TO_DEG;
+        double degrees = std::atan2(y[k] - cy, x[k] - cx) * angle::RAD_TO_DEG;
         if (degrees < 0) degrees += 360.0;
         key[k] = direction * degrees;
     }

@@ -1,6 +1,7 @@
 // Spectrum locus, locus curves for drawing, dominant wavelength and purity.
 #include <cmath>
 
+#include "Grid.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
 
@@ -95,7 +96,7 @@ void Vantrel::calcDomWL_purity(const double* xs, const double* ys, const double*
             const double f = (a - angles[i + 1]) / (angles[i] - angles[i + 1]);
             const double xl = xs[i + 1] + f * (xs[i] - xs[i + 1]);
             const double yl = ys[i + 1] + f * (ys[i] - ys[i + 1]);
-            const double nm1 = 360.0 + 2.0 * (i + 1);
+            const double nm1 = grid::nm(i + 1);
             domWL = nm1 - 2.0 * f;
             const double toSample = std::hypot(x - wx, y - wy);
             const double toLocus = std::hypot(xl - wx, yl - wy);

@@ -8,11 +8,12 @@
 
 namespace {
 
-constexpr double kPi = 3.14159265358979;
-constexpr double kTwoPi = 6.28318530717958;
-constexpr double kHalfPi = 1.570796326794895;
+// Pi and its multiples to 15 digits, as the ellipse tables were computed.
+constexpr double PI_15_DIGITS = 3.14159265358979;
+constexpr double TWO_PI_15_DIGITS = 6.28318530717958;
+constexpr double HALF_PI_15_DIGITS = 1.570796326794895;
 // One u′v′ step: the radius of the circle used for binning in u′v′.
-constexpr double kUpVpStep = 0.0011;
+constexpr double UP_VP_STEP = 0.0011;
 
 using Mat3 = double[3][3];
 
@@ -71,7 +72,7 @@ struct AnsiEllipse {
 };
 
 // ANSI C78.376 ellipses; the cross term is stored doubled, as it is published.
-constexpr AnsiEllipse kAnsi[] = {
+constexpr AnsiEllipse ANSI_ELLIPSES[] = {
     {"2700K", 0.459, 0.412, 0.0027, 0.0014, 0.937241808320954, 400000, -390000, 280000},
     {"3000K", 0.44, 0.403, 0.00278, 0.00136, 0.9288060502696481, 390000, -390000, 275000},
     {"3500K (2001)", 0.411, 0.393, 0.00309, 0.00138, 0.9424777960769369, 380000, -400000, 250000},
@@ -80,12 +81,12 @@ constexpr AnsiEllipse kAnsi[] = {
     {"5000K", 0.346, 0.359, 0.00274, 0.00118, 1.040507122397285, 560000, -500000, 280000},
     {"6500K", 0.313, 0.337, 0.00223, 0.00095, 1.0221811652513446, 860000, -800000, 450000},
 };
-constexpr int kNumAnsi = sizeof(kAnsi) / sizeof(kAnsi[0]);
+constexpr int NUM_ANSI_ELLIPSES = sizeof(ANSI_ELLIPSES) / sizeof(ANSI_ELLIPSES[0]);
 
-bool ansiIndexValid(int index) { return index >= 0 && index < kNumAnsi; }
+bool ansiIndexValid(int index) { return index >= 0 && index < NUM_ANSI_ELLIPSES; }
 
 // Angle of the parameter t on an ellipse, n − 1 equal steps round the full turn.
-double ellipseParameter(int i, int n) { return n > 1 ? i * (kTwoPi / (n - 1)) : 0.0; }
+double ellipseParameter(int i, int n) { return n > 1 ? i * (TWO_PI_15_DIGITS / (n - 1)) : 0.0; }
 
 void ellipsePoint(double t, double scale, double x0, double y0, double a, double b, double theta,
                   double* x, double* y) {
@@ -98,15 +99,15 @@ void ellipsePoint(double t, double scale, double x0, double y0, double a, double
 // Direction of the ray from the centre to x, y, as the binning rule measures it.
 double rayAngle(double x0, double y0, double x, double y) {
     const double dx = x - x0;
-    if (std::fabs(dx) < 1e-6) return (y - y0) < 0 ? -kHalfPi : kHalfPi;
+    if (std::fabs(dx) < 1e-6) return (y - y0) < 0 ? -HALF_PI_15_DIGITS : HALF_PI_15_DIGITS;
     const double s = (y - y0) / dx;
-    if (x <= 0 || y <= 0) return kPi + std::atan(s);
+    if (x <= 0 || y <= 0) return PI_15_DIGITS + std::atan(s);
     return std::atan(s);
 }
 
 // Steps of one point from the centre along its ray, against the one-step ellipse a, b, θ.
 double stepsAlongRay(double x0, double y0, double a, double b, double theta, double x, double y) {
-    const double angle = rayAngle(x0, y0, x, y) - kHalfPi - theta;
+    const double angle = rayAngle(x0, y0, x, y) - HALF_PI_15_DIGITS - theta;
     const double t = std::atan(b * std::sin(angle) / a / std::cos(angle));
     double ex, ey;
     ellipsePoint(t, 1.0, x0, y0, a, b, theta, &ex, &ey);
@@ -120,7 +121,7 @@ void Vantrel::macAdam_xy(double x, double y, double* g11, double* g12, double* g
     Mat3 G;
     fmcMetric(x, y, G);
     fmcToXy(x, y, G, g11, g12, g22);
-    const double theta = 0.5 * (kPi + std::atan(2.0 * *g12 / (*g11 - *g22)));
+    const double theta = 0.5 * (PI_15_DIGITS + std::atan(2.0 * *g12 / (*g11 - *g22)));
     const double k = std::cos(theta) / std::sin(theta);
     double p = *g11 - *g12 * k;
     double q = *g22 + *g12 * k;
@@ -165,7 +166,7 @@ void Vantrel::getMacAdamEllipseArray_xy(int n, double steps, double x0, double y
 void Vantrel::macAdam_ANSI_C78_376(int index, double* x, double* y, double* a, double* b,
                                    double* theta, double* g11, double* g12, double* g22) {
     const AnsiEllipse zero = {"", 0, 0, 0, 0, 0, 0, 0, 0};
-    const AnsiEllipse& e = ansiIndexValid(index) ? kAnsi[index] : zero;
+    const AnsiEllipse& e = ansiIndexValid(index) ? ANSI_ELLIPSES[index] : zero;
     *x = e.x;
     *y = e.y;
     *a = e.a;
@@ -176,10 +177,10 @@ void Vantrel::macAdam_ANSI_C78_376(int index, double* x, double* y, double* a, d
     *g22 = e.g22;
 }
 
-int Vantrel::getNumANSIEllipses() { return kNumAnsi; }
+int Vantrel::getNumANSIEllipses() { return NUM_ANSI_ELLIPSES; }
 
 void Vantrel::getANSIEllipseName(int index, char* name) {
-    std::strcpy(name, ansiIndexValid(index) ? kAnsi[index].name : "Index is out of range");
+    std::strcpy(name, ansiIndexValid(index) ? ANSI_ELLIPSES[index].name : "Index is out of range");
 }
 
 void Vantrel::getANSIMacAdamEllipseArray_xy(int index, int n, double steps, double* xs,
@@ -197,7 +198,7 @@ void Vantrel::getUserdefinedMacAdamEllipseArray_xy(int n, double steps, double x
 
 void Vantrel::getUpVpEllipseArray_upvp(int n, double steps, double u0, double v0, double* us,
                                        double* vs) {
-    const double r = kUpVpStep * steps;
+    const double r = UP_VP_STEP * steps;
     for (int i = 0; i < n - 1; ++i) {
         const double t = ellipseParameter(i, n);
         us[i] = r * std::sin(t) + u0;
@@ -256,5 +257,5 @@ double Vantrel::getUpVpForBinning(int n, double x0, double y0, double* xs, doubl
         const double d = std::hypot(u - u0, v - v0);
         if (i == 0 || d > largest) largest = d;
     }
-    return largest / kUpVpStep;
+    return largest / UP_VP_STEP;
 }

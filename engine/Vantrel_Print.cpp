@@ -2,13 +2,14 @@
 // against their published sources in a spreadsheet.
 #include <cstdio>
 
+#include "Grid.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
 
 namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 
-double nm(int i) { return 360.0 + 2.0 * i; }
+double nm(int i) { return grid::nm(i); }
 
 // Writes a header and one row per grid point of the given columns.
 bool writeGridColumns(const char* path, const char* header, const double* const* columns,

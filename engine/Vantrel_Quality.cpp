@@ -10,6 +10,7 @@
 #include <cmath>
 #include <vector>
 
+#include "Grid.h"
 #include "VantrelState.h"
 
 namespace {
@@ -18,7 +19,7 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 // The engine grid in nm, for resampling.
 std::vector<double> gridWavelengths() {
     std::vector<double> wl(N);
-    for (int i = 0; i < N; ++i) wl[i] = 360.0 + 2.0 * i;
+    for (int i = 0; i < N; ++i) wl[i] = grid::nm(i);
     return wl;
 }
 
@@ -44,8 +45,8 @@ double betaB(double b) {
 }
 
 // Adapting cone level: 20000 (illuminance, lx) times the primary over 100π.
-constexpr double kAdaptingScale = 20000.0 / 314.159265358979;
-constexpr double kReferenceAdapting = 63.661977236758204;  // the same for a primary of 1
+constexpr double ADAPTING_SCALE = 20000.0 / 314.159265358979;
+constexpr double REFERENCE_ADAPTING = 63.661977236758204;  // the same for a primary of 1
 
 // One cone response adapted from the source white (primary p) to the equal-energy white.
 double adaptCone(double response, double primary, double exponent) {
@@ -65,29 +66,29 @@ double triangleArea3D(const double* p, const double* q, const double* r) {
 }
 
 // Area of the four FCI colours under D65 at 1000 lx; FCI is 100 for D65.
-constexpr double kFciD65Area = 5268.0;
+constexpr double FCI_D65_AREA = 5268.0;
 
 // --- SSI -------------------------------------------------------------------------------------
 
-constexpr int kSsiBins = 32;  // 30 bins of 10 nm, 375 to 675 nm, between two zero guards
-constexpr int kSsiUsedBins = 30;
-constexpr int kSsiSamplesPerBin = 10;
-constexpr double kSsiStart = 375.0, kSsiEnd = 675.0;
+constexpr int SSI_BINS = 32;  // 30 bins of 10 nm, 375 to 675 nm, between two zero guards
+constexpr int SSI_USED_BINS = 30;
+constexpr int SSI_SAMPLES_PER_BIN = 10;
+constexpr double SSI_START = 375.0, SSI_END = 675.0;
 
 // Weight of each bin: the ends of the range count less.
-constexpr double kSsiWeights[kSsiBins] = {
+constexpr double SSI_WEIGHTS[SSI_BINS] = {
     0, 12.0 / 45.0, 22.0 / 45.0, 32.0 / 45.0, 40.0 / 45.0, 44.0 / 45.0, 1,          1, 1, 1, 1, 1,
     1, 1,           1,           1,           1,           1,           1,          1, 1, 1, 1, 1,
     1, 1,           1,           1,           1,           33.0 / 45.0, 9.0 / 45.0, 0};
 
-constexpr double kSsiKernel[3] = {0.22, 0.56, 0.22};
-constexpr double kSsiScale = 32.0;
+constexpr double SSI_KERNEL[3] = {0.22, 0.56, 0.22};
+constexpr double SSI_SCALE = 32.0;
 
 // --- FSI -------------------------------------------------------------------------------------
 
-constexpr int kFsiPoints = 351;                         // 380 to 730 nm in 1 nm steps
-constexpr double kFsiIdealStep = 0.002849002849002849;  // 1/351
-constexpr double kFsciSlope = 5.1;
+constexpr int FSI_POINTS = 351;                          // 380 to 730 nm in 1 nm steps
+constexpr double FSI_IDEAL_STEP = 0.002849002849002849;  // 1/351
+constexpr double FSCI_SLOPE = 5.1;
 
 // Sum with half weight on the first and last of n values.
 double endWeightedSum(const double* v, int n) {
@@ -100,8 +101,8 @@ double endWeightedSum(const double* v, int n) {
 
 // CIELAB of oxygenated (Q100) and half-oxygenated (Q50) blood under the reference, a 4000 K
 // Planckian radiator (its own COI is 0.007 with these two-decimal values).
-constexpr double kCoiQ100Lab[3] = {30.39, 56.95, 28.59};
-constexpr double kCoiQ50Lab[3] = {19.86, 26.94, 7.85};
+constexpr double COI_Q100_LAB[3] = {30.39, 56.95, 28.59};
+constexpr double COI_Q50_LAB[3] = {19.86, 26.94, 7.85};
 
 // CIELAB in the plain cube-root form (no linear branch near black).
 void cubeRootLab(const double* XYZ, const double* white, double* Lab) {
@@ -128,10 +129,10 @@ void Vantrel::calcFCI(const double* spectrum) {
     double xi, eta, zeta;
     nayataniPrimaries(x, y, &xi, &eta, &zeta);
 
-    const double refRG = betaRG(kReferenceAdapting);
-    const double eR = betaRG(kAdaptingScale * xi) / refRG;
-    const double eG = betaRG(kAdaptingScale * eta) / refRG;
-    const double eB = betaB(kAdaptingScale * zeta) / betaB(kReferenceAdapting);
+    const double refRG = betaRG(REFERENCE_ADAPTING);
+    const double eR = betaRG(ADAPTING_SCALE * xi) / refRG;
+    const double eG = betaRG(ADAPTING_SCALE * eta) / refRG;
+    const double eB = betaB(ADAPTING_SCALE * zeta) / betaB(REFERENCE_ADAPTING);
 
     const double scale = 100.0 / Y;
     double lab[VantrelData::NUM_FCI][3];
@@ -154,59 +155,60 @@ void Vantrel::calcFCI(const double* spectrum) {
     }
     const double area =
         triangleArea3D(lab[0], lab[1], lab[2]) + triangleArea3D(lab[0], lab[3], lab[2]);
-    fci = 100.0 * std::pow(area / kFciD65Area, 1.5);
+    fci = 100.0 * std::pow(area / FCI_D65_AREA, 1.5);
 }
 
 // ---------------------------------------------------------------------------------------------
 // SSI
 
 bool Vantrel::getBinValuesForSSI(const double* spectrum, double* bins) {
-    const int M = static_cast<int>(kSsiEnd - kSsiStart) + 1;
+    const int M = static_cast<int>(SSI_END - SSI_START) + 1;
     std::vector<double> fine(M);
     const std::vector<double> wl = gridWavelengths();
-    if (!resampleSpectrum(N, wl.data(), spectrum, kSsiStart, kSsiEnd, 1.0, nullptr, fine.data())) {
+    if (!resampleSpectrum(N, wl.data(), spectrum, SSI_START, SSI_END, 1.0, nullptr, fine.data())) {
         return false;
     }
-    std::fill(bins, bins + kSsiBins, 0.0);
+    std::fill(bins, bins + SSI_BINS, 0.0);
     double total = 0;
-    for (int k = 0; k < kSsiUsedBins; ++k) {
-        for (int j = 0; j < kSsiSamplesPerBin; ++j) bins[k + 1] += fine[k * kSsiSamplesPerBin + j];
+    for (int k = 0; k < SSI_USED_BINS; ++k) {
+        for (int j = 0; j < SSI_SAMPLES_PER_BIN; ++j)
+            bins[k + 1] += fine[k * SSI_SAMPLES_PER_BIN + j];
         total += bins[k + 1];
     }
     // A spectrum dark over the whole range keeps its zero bins.
     if (total != 0.0) {
-        for (int k = 1; k <= kSsiUsedBins; ++k) bins[k] /= total;
+        for (int k = 1; k <= SSI_USED_BINS; ++k) bins[k] /= total;
     }
     return true;
 }
 
 bool Vantrel::getSSIValues(const double* test, const double* reference, int* ssi) {
-    double t[kSsiBins], r[kSsiBins];
+    double t[SSI_BINS], r[SSI_BINS];
     if (!getBinValuesForSSI(test, t) || !getBinValuesForSSI(reference, r)) {
         *ssi = 0;
         return false;
     }
     double mean = 0;
-    for (int k = 1; k <= kSsiUsedBins; ++k) mean += r[k];
-    mean /= kSsiUsedBins;
+    for (int k = 1; k <= SSI_USED_BINS; ++k) mean += r[k];
+    mean /= SSI_USED_BINS;
 
     // Relative difference; a zero denominator ends the loop, the rest stays 0 and is still scored.
     bool ok = true;
-    double weighted[kSsiBins] = {};
-    for (int k = 1; k <= kSsiUsedBins; ++k) {
+    double weighted[SSI_BINS] = {};
+    for (int k = 1; k <= SSI_USED_BINS; ++k) {
         const double denominator = r[k] + mean;
         if (denominator == 0.0) {
             ok = false;
             break;
         }
-        weighted[k] = kSsiWeights[k] * (t[k] - r[k]) / denominator;
+        weighted[k] = SSI_WEIGHTS[k] * (t[k] - r[k]) / denominator;
     }
 
-    double smoothed[kSsiUsedBins];
-    convolute(weighted, kSsiBins, kSsiKernel, 3, smoothed);
+    double smoothed[SSI_USED_BINS];
+    convolute(weighted, SSI_BINS, SSI_KERNEL, 3, smoothed);
     double sumSquares = 0;
     for (double v : smoothed) sumSquares += v * v;
-    const double score = 100.0 - kSsiScale * std::sqrt(sumSquares) + 0.5;
+    const double score = 100.0 - SSI_SCALE * std::sqrt(sumSquares) + 0.5;
     // A spectrum whose bins overflow (or hold no number) has no score; the int is kept defined.
     if (!(std::fabs(score) < INT_MAX)) {
         *ssi = 0;
@@ -223,29 +225,29 @@ void Vantrel::calculateFullSpectrumIndicies(const double* spectrum) {
     fsi = -1;
     fsci = -1;
     const std::vector<double> wl = gridWavelengths();
-    std::vector<double> doubled(2 * kFsiPoints);
+    std::vector<double> doubled(2 * FSI_POINTS);
     if (!resampleSpectrum(N, wl.data(), spectrum, 380.0, 730.0, 1.0, nullptr, doubled.data())) {
         return;
     }
-    const double total = endWeightedSum(doubled.data(), kFsiPoints);
+    const double total = endWeightedSum(doubled.data(), FSI_POINTS);
     // Doubled so that every rotation is a plain window.
-    std::copy(doubled.begin(), doubled.begin() + kFsiPoints, doubled.begin() + kFsiPoints);
+    std::copy(doubled.begin(), doubled.begin() + FSI_POINTS, doubled.begin() + FSI_POINTS);
 
     // The sum starts from the -1 above: the index has always been computed this way.
     double sum = fsi;
-    const int last = kFsiPoints - 1;
-    for (int r = 0; r < kFsiPoints; ++r) {
+    const int last = FSI_POINTS - 1;
+    for (int r = 0; r < FSI_POINTS; ++r) {
         const double* s = doubled.data() + r;
         double cumulative = 0;
-        for (int i = 0; i < kFsiPoints; ++i) {
+        for (int i = 0; i < FSI_POINTS; ++i) {
             const double w = (i == 0 || i == last) ? 0.5 : 1.0;
             cumulative += w * s[i] / total;
-            const double d = cumulative - (i + 1) * kFsiIdealStep;
+            const double d = cumulative - (i + 1) * FSI_IDEAL_STEP;
             sum += w * d * d;
         }
     }
-    fsi = std::max(0.0, sum / kFsiPoints);
-    fsci = std::max(0.0, 100.0 - kFsciSlope * fsi);
+    fsi = std::max(0.0, sum / FSI_POINTS);
+    fsci = std::max(0.0, 100.0 - FSCI_SLOPE * fsi);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -263,7 +265,7 @@ double Vantrel::getCOI(const double* spectrum) {
     double lab100[3], lab50[3];
     cubeRootLab(q100, white, lab100);
     cubeRootLab(q50, white, lab50);
-    return 0.5 * (labDistance(lab100, kCoiQ100Lab) + labDistance(lab50, kCoiQ50Lab));
+    return 0.5 * (labDistance(lab100, COI_Q100_LAB) + labDistance(lab50, COI_Q50_LAB));
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "ColorMatrices.h"
+#include "Grid.h"
 #include "GridSum.h"
 #include "Vantrel.h"
 #include "VantrelState.h"
@@ -37,8 +38,9 @@ constexpr int SKIN_CES_B = 17;
 constexpr double BIN_WIDTH_DEG = 22.5;
 constexpr double BIN_CENTRE_OFFSET = -0.19634954084936188;
 constexpr double BIN_WIDTH_RAD = 0.39269908169872375;
-constexpr double DEG_TO_RAD = 0.017453292519943278;
-constexpr double RAD_TO_DEG = 180.0 / 3.14159265358979323846;
+// Degrees to radians as the published TM-30 results were computed: 0.017453292519943278, one
+// unit in the last place below pi / 180.
+constexpr double DEG_TO_RAD_TM30 = 0.017453292519943278;
 // A bin with fewer samples than this counts as empty.
 constexpr double BIN_MIN_COUNT = 0.1;
 
@@ -132,7 +134,7 @@ double achromatic(const double* Ra, double Nbb) {
 }
 
 // Eccentricity factor e_t = (cos(h + 2) + 3.8)/4, h in radians.
-double eccentricity(double hDeg) { return 0.25 * (std::cos(hDeg * DEG_TO_RAD + 2.0) + 3.8); }
+double eccentricity(double hDeg) { return 0.25 * (std::cos(hDeg * DEG_TO_RAD_TM30 + 2.0) + 3.8); }
 
 // The white's part of CIECAM02, shared by every colour seen under it.
 struct Cam02White {
@@ -176,7 +178,7 @@ void cam02Ucs(const Cam02White& w, double X, double Y, double Z, double* Jab) {
     const double b = (Ra[0] + Ra[1] - 2.0 * Ra[2]) / 9.0;
     const double A = achromatic(Ra, w.Nbb);
     const double J = 100.0 * std::pow(A / w.Aw, w.cz);
-    double h = std::atan2(b, a) * RAD_TO_DEG;
+    double h = std::atan2(b, a) * angle::RAD_TO_DEG;
     if (h < 0.0) h += 360.0;
     const double t = CHROMA_T_SCALE * w.Nbb * eccentricity(h) * std::sqrt(a * a + b * b) /
                      (Ra[0] + Ra[1] + 1.05 * Ra[2]);
@@ -185,8 +187,8 @@ void cam02Ucs(const Cam02White& w, double X, double Y, double Z, double* Jab) {
 
     const double Mp = UCS_INV_C2 * std::log(1.0 + UCS_C2 * M);
     Jab[0] = UCS_J_FACTOR * J / (1.0 + UCS_C1 * J);
-    Jab[1] = Mp * std::cos(h * DEG_TO_RAD);
-    Jab[2] = Mp * std::sin(h * DEG_TO_RAD);
+    Jab[1] = Mp * std::cos(h * DEG_TO_RAD_TM30);
+    Jab[2] = Mp * std::sin(h * DEG_TO_RAD_TM30);
 }
 
 // --- Tristimulus values ---------------------------------------------------------------------
@@ -233,7 +235,7 @@ int displayChannel(double linear) {
 
 // Hue angle of a', b' in degrees, 0 to 360.
 double hueDegrees(double a, double b) {
-    double h = std::atan2(b, a) * RAD_TO_DEG;
+    double h = std::atan2(b, a) * angle::RAD_TO_DEG;
     if (h < 0.0) h += 360.0;
     return h;
 }
@@ -251,7 +253,7 @@ int hueBin(double hDeg) {
 double finishBin(double* row, int bin) {
     const double count = row[COL_COUNT];
     for (int c = COL_TEST_A; c <= COL_REF_HUE; ++c) row[c] /= count;
-    row[COL_REF_HUE] *= DEG_TO_RAD;
+    row[COL_REF_HUE] *= DEG_TO_RAD_TM30;
 
     const double Cr = std::sqrt(row[COL_REF_A] * row[COL_REF_A] + row[COL_REF_B] * row[COL_REF_B]);
     row[COL_SHIFT_A] = (row[COL_TEST_A] - row[COL_REF_A]) / Cr;

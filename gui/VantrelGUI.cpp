@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "AppConstants.h"
 #include "ArgbColor.h"
@@ -46,6 +48,7 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_TIMEOUT, VantrelGUI::ID_FIT_TO_SCREEN, VantrelGUI::onCmdFitToScreenSize),
     FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCmdRedraw),
     FXMAPFUNC(SEL_PAINT, VantrelGUI::ID_SPECTRUM_CANVAS, VantrelGUI::onCmdRedraw),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER, VantrelGUI::onCmdPlotSplitter),
     FXMAPFUNC(SEL_LEFTBUTTONPRESS, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
     FXMAPFUNC(SEL_LEFTBUTTONRELEASE, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
     FXMAPFUNC(SEL_RIGHTBUTTONPRESS, VantrelGUI::ID_CIE_CANVAS, VantrelGUI::onCIECanvasMouse),
@@ -58,6 +61,12 @@ VantrelGUIMap[] = {
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_RESET_SPECTRUM_ZOOM, VantrelGUI::onCmdResetSpectrumZoom),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_CIE_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_HORSESHOE, VantrelGUI::onCmdWriteHorseShoeData),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_R_COLORS,
+               VantrelGUI::ID_WRITE_COLOR_CHECKER_COLORS, VantrelGUI::onCmdWrite_RQ_UserColors),
+    FXMAPFUNCS(SEL_COMMAND, VantrelGUI::ID_WRITE_CES_COLORS, VantrelGUI::ID_WRITE_CES_DATA,
+               VantrelGUI::onCmdWriteCESColorsToFile),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PROGRAM_FONT, VantrelGUI::onCmdProgramFont),
+    FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_PICK_MATCHING_CURVE, VantrelGUI::onCmdPickMatchingCurve),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_WRITE_GAMUTS, VantrelGUI::onCmdWriteGamutData),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_SAVE_SPECTRUM_IMAGE, VantrelGUI::onCmdSavePlotImage),
     FXMAPFUNC(SEL_COMMAND, VantrelGUI::ID_CAL_INDIVIDUAL, VantrelGUI::onCmdCalculateIndividual),
@@ -121,7 +130,26 @@ constexpr std::size_t MAX_SAVED_VALUES = 2500;
 constexpr int DEFAULT_WINDOW_X = 50, DEFAULT_WINDOW_Y = 50;
 constexpr int DEFAULT_WINDOW_W = 1000, DEFAULT_WINDOW_H = 800;
 
-FXFont* makeProgramFont(FXApp* app) {
+// The font the user chose with "Program font..." (kept in the settings file), else the first
+// face of FONT_FACES the display has.
+FXFont* makeProgramFont(FXApp* app, const std::string& settingsFile) {
+    ProgramSettings stored;
+    const std::string face =
+        stored.read(settingsFile, true).status == ProgramSettings::ReadStatus::OK
+            ? stored.getString(OptionId::programFontDescription_face)
+            : std::string();
+    if (!face.empty()) {
+        FXFontDesc desc;
+        std::memset(&desc, 0, sizeof(desc));
+        std::snprintf(desc.face, sizeof(desc.face), "%s", face.c_str());
+        desc.size = std::clamp(stored.getInt(OptionId::programFontDescription_size), 60, 240);
+        desc.weight = stored.getInt(OptionId::programFontDescription_weight);
+        desc.slant = stored.getInt(OptionId::programFontDescription_slant);
+        desc.encoding = stored.getInt(OptionId::programFontDescription_encoding);
+        desc.setwidth = stored.getInt(OptionId::programFontDescription_setwidth);
+        desc.flags = stored.getInt(OptionId::programFontDescription_flags);
+        return new FXFont(app, desc);
+    }
     for (const char* face : FONT_FACES) {
         FXFontDesc* fonts = nullptr;
         FXuint count = 0;
@@ -138,12 +166,12 @@ FXFont* makeProgramFont(FXApp* app) {
 VantrelGUI::VantrelGUI(FXApp* app, const std::string& argFolder)
     : FXMainWindow(app, APP_NAME, nullptr, nullptr, DECOR_ALL, 0, 0, DEFAULT_WINDOW_W,
                    DEFAULT_WINDOW_H) {
-    programFont = makeProgramFont(app);
     resetOutputOrder(outputFields, outputOrder);
     setTitle(FXString().format("%s v%d.%02d", APP_NAME, VERSION_MAJOR, VERSION_MINOR));
 
     paths.programDir = chooseProgramDir(argFolder, std::getenv("HOME"), passwordHomeDirectory());
     paths.settingsFile = paths.programDir + ValueFormat::format("%s.ini", APP_NAME);
+    programFont = makeProgramFont(app, paths.settingsFile);
     paths.photometryFile = paths.programDir + PHOTOMETRY_FILE_NAME;
     settings.setString("pathUserFilesDirectory", paths.programDir);
     model = std::make_unique<CalculateModel>(paths.programDir);
@@ -186,6 +214,7 @@ void VantrelGUI::create() {
     FXMainWindow::create();
     for (FXMenuPane* pane : menuPanes) pane->create();
     show(PLACEMENT_SCREEN);
+    clampStoredSizes();
     setWindowSizePosition();
     if (settings.getBool("isMaximized_ini")) maximize();
     if (libraryReadFailure > 0) {
@@ -248,6 +277,7 @@ void VantrelGUI::settingsToWidgets() {
     enableDisableLEDchecks();
     setTabColors();
     set_umol_sW_tooltip();
+    showMatchingCurveTitle();
 }
 
 void VantrelGUI::widgetsToSettings() {
@@ -282,7 +312,8 @@ void VantrelGUI::widgetsToSettings() {
     FXWindow* inputSide = mainSplitter->getFirst();
     FXWindow* tableSide = inputSide != nullptr ? inputSide->getNext() : nullptr;
     if (inputSide != nullptr) settings.setInt("dataSplitter", inputSide->getWidth());
-    if (tableSide != nullptr) settings.setInt("plotsSplitter", tableSide->getWidth());
+    if (tableSide != nullptr) settings.setInt("spectrumTableWidth", tableSide->getWidth());
+    settings.setInt("plotsSplitter", plotRow->getHeight());
 }
 
 void VantrelGUI::setWindowSizePosition() {
@@ -291,23 +322,68 @@ void VantrelGUI::setWindowSizePosition() {
     if (x < 0 || y < 0) x = DEFAULT_WINDOW_X, y = DEFAULT_WINDOW_Y;
     if (w < 100 || h < 100) w = DEFAULT_WINDOW_W, h = DEFAULT_WINDOW_H;
     if (!isMaximized()) position(x, y, w, h);
-    FXWindow* inputSide = mainSplitter->getFirst();
-    const int data = settings.getInt("dataSplitter"), plots = settings.getInt("plotsSplitter");
-    if (inputSide != nullptr && data > 0 && data + plots < w) {
-        inputSide->setWidth(data);
-        if (inputSide->getNext() != nullptr && plots > 0) inputSide->getNext()->setWidth(plots);
-    }
+    int data = settings.getInt("dataSplitter"), table = settings.getInt("spectrumTableWidth");
+    if (data <= 0 || table <= 0 || data + table >= w) naturalPaneWidths(w, &data, &table);
+    mainSplitter->getFirst()->setWidth(data);
+    mainSplitter->getFirst()->getNext()->setWidth(table);
     splitPlotSide();
 }
 
+void VantrelGUI::naturalPaneWidths(int windowWidth, int* input, int* table) const {
+    // The input side shows every column of the spectra without a horizontal scroll bar (up to
+    // 45 % of the window), the table its columns.
+    const int scrollBar = getApp()->getScrollBarSize();
+    *input = std::min(ledMatrix->getDefaultWidth() + scrollBar + 24, windowWidth * 45 / 100);
+    int columns = 0;
+    for (int c = 0; c < displayTable->getNumColumns(); ++c)
+        columns += displayTable->getColumnWidth(c);
+    *table = columns + scrollBar + 8;
+}
+
+namespace {
+// Least room left to the result tabs below the plots and to the spectrum beside the diagram.
+constexpr int MIN_RESULTS_HEIGHT = 200;
+constexpr int MIN_SPECTRUM_WIDTH = 180;
+// Share of the plot side's height the plots take when the user has not chosen.
+constexpr int PLOTS_HEIGHT_PERCENT = 62;
+}  // namespace
+
 void VantrelGUI::splitPlotSide() {
-    // The diagram gets a little more than half of the plot side: it needs about as much height
-    // as width, the spectrum does with less.
-    FXWindow* inputSide = mainSplitter->getFirst();
-    if (inputSide == nullptr || inputSide->getNext() == nullptr) return;
-    const int plotSide = getWidth() - inputSide->getWidth() - inputSide->getNext()->getWidth() - 12;
-    if (plotSide > 200) ciePlotCanvas->setWidth(plotSide * 55 / 100);
-    ciePlotCanvas->getParent()->recalc();
+    layout();  // the panes take the window's size now, not at the next idle moment
+    const int sideHeight = plotSideSplitter->getHeight();
+    int plotsHeight = settings.getInt("plotsSplitter");
+    // A height of the plots that leaves no room for the results (or a table width stored under
+    // this name by older versions) gives way to the window's own choice.
+    if (plotsHeight < 300 || plotsHeight > sideHeight - MIN_RESULTS_HEIGHT) {
+        plotsHeight = sideHeight * PLOTS_HEIGHT_PERCENT / 100;
+    }
+    plotRow->setHeight(std::max(plotsHeight, 100));
+    plotSideSplitter->layout();
+    fitDiagramWidth();
+}
+
+void VantrelGUI::fitDiagramWidth() {
+    plotRow->layout();
+    const int rowWidth = plotRow->getWidth() - 2 * plotRow->getBorderWidth();
+    int width = settings.getInt("ciePlotPaneWidth");
+    if (width <= 0) {
+        prepareCIE_Plot(false);
+        width = ciePlot->widthForHeight(plotRow->getHeight() - 2 * plotRow->getBorderWidth());
+    }
+    width = std::max(100, std::min(width, rowWidth - MIN_SPECTRUM_WIDTH));
+    if (width == ciePlotCanvas->getWidth()) return;
+    ciePlotCanvas->setWidth(width);
+    plotRow->layout();
+}
+
+long VantrelGUI::onCmdPlotSplitter(FXObject* sender, FXSelector, void*) {
+    // A border the user dragged is kept: the plots' height, or the diagram's width.
+    if (sender == plotSideSplitter) {
+        settings.setInt("plotsSplitter", plotRow->getHeight());
+    } else {
+        settings.setInt("ciePlotPaneWidth", ciePlotCanvas->getWidth());
+    }
+    return 1;
 }
 
 void VantrelGUI::resizeToScreen(bool showTip) {
@@ -315,12 +391,13 @@ void VantrelGUI::resizeToScreen(bool showTip) {
     if (w >= 2001) w = 1500;
     if (h >= 2001) h = 1000;
     position(25, 50, w - 50, h - 100);
-    // The inputs and the tables take two thirds of the width, the plots and results the rest.
-    FXWindow* inputSide = mainSplitter->getFirst();
-    if (inputSide != nullptr && inputSide->getNext() != nullptr) {
-        const int tableWidth = inputSide->getNext()->getWidth();
-        inputSide->setWidth(std::max(200, (w - 50) * 2 / 3 - tableWidth));
-    }
+    // The input side and the table at their natural widths, the plots and results the rest.
+    int input, table;
+    naturalPaneWidths(w - 50, &input, &table);
+    mainSplitter->getFirst()->setWidth(input);
+    mainSplitter->getFirst()->getNext()->setWidth(table);
+    settings.setInt("plotsSplitter", 0);
+    settings.setInt("ciePlotPaneWidth", 0);
     splitPlotSide();
     if (showTip) {
         UserDialogs::information(this, "Resizing Tip",

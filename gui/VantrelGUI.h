@@ -19,6 +19,7 @@
 #include "DirectInput.h"
 #include "OutputField.h"
 #include "ProgramSettings.h"
+#include "ReferenceDataFiles.h"
 #include "ResultFields.h"
 #include "SpectrumPlot.h"
 #include "TextToNumber.h"
@@ -68,6 +69,7 @@ class VantrelGUI : public FXMainWindow {
         ID_UPDATE_DECIMAL_FORMAT,
         ID_ABOUT,
         ID_RESULT_TABS,
+        ID_PLOT_SPLITTER,
         ID_MAIN_WINDOW_POSITION,
         ID_FIT_TO_SCREEN,
         ID_CIE_CANVAS,
@@ -86,6 +88,13 @@ class VantrelGUI : public FXMainWindow {
         ID_RESET_SPECTRUM_ZOOM,
         ID_SAVE_SPECTRUM_IMAGE,
         ID_WRITE_HORSESHOE,
+        ID_WRITE_R_COLORS,
+        ID_WRITE_Q_COLORS,
+        ID_WRITE_COLOR_CHECKER_COLORS,
+        ID_WRITE_CES_COLORS,
+        ID_WRITE_CES_DATA,
+        ID_PROGRAM_FONT,
+        ID_PICK_MATCHING_CURVE,
         ID_WRITE_GAMUTS,
         ID_OPEN_USER_FILE,
         ID_WRITE_FILE,
@@ -137,6 +146,7 @@ class VantrelGUI : public FXMainWindow {
     long onCmdMainWindowPosition(FXObject*, FXSelector, void*);
     long onCmdFitToScreenSize(FXObject*, FXSelector, void*);
     long onCmdRedraw(FXObject*, FXSelector, void*);
+    long onCmdPlotSplitter(FXObject*, FXSelector, void*);
     long onCmdCalculateIndividual(FXObject*, FXSelector, void*);
     long onCmdBluePeakChk(FXObject*, FXSelector, void*);
     long onCmdCheckedLED(FXObject*, FXSelector, void*);
@@ -153,6 +163,10 @@ class VantrelGUI : public FXMainWindow {
     long onCmdResetSpectrumZoom(FXObject*, FXSelector, void*);
     long onCmdSavePlotImage(FXObject*, FXSelector, void*);
     long onCmdWriteHorseShoeData(FXObject*, FXSelector, void*);
+    long onCmdWrite_RQ_UserColors(FXObject*, FXSelector, void*);
+    long onCmdWriteCESColorsToFile(FXObject*, FXSelector, void*);
+    long onCmdProgramFont(FXObject*, FXSelector, void*);
+    long onCmdPickMatchingCurve(FXObject*, FXSelector, void*);
     long onCmdWriteGamutData(FXObject*, FXSelector, void*);
     long onCmdOpenUserFile(FXObject*, FXSelector, void*);
     long onCmdWriteFile(FXObject*, FXSelector, void*);
@@ -222,9 +236,13 @@ class VantrelGUI : public FXMainWindow {
     void clickLedCheck(int row, bool shift);
     // Runs the standard illuminant of this index (25: all of them) as its menu entry does.
     void runStandardIlluminant(int index);
-    // The Gaussian spectrum of the dialog, put into the 360 to 830 nm table and calculated.
-    void generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
-                          bool save);
+    // The Gaussian spectrum of the dialog, put into the 360 to 830 nm table and calculated;
+    // with save it is added to the user spectra. False when the user kept the table's data.
+    bool generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
+                          bool save, bool askBeforeReplacing = true);
+    // Saves the whole automatic set of Gaussian peaks (autoGaussianPeaks) to the user spectra,
+    // for the peak generator; returns how many were made.
+    int autoGenerateGaussianPeaks();
     FXTabBook* getResultTabs() const { return resultTabs; }
     // The chart window the last quality plot command opened, while it is open (tests).
     class QualityPlotWindow* getQualityPlotWindow() const {
@@ -337,11 +355,17 @@ class VantrelGUI : public FXMainWindow {
     // Stored options outside what the window can show (a choice no radio offers, a window
     // larger than the screen) go back to a value it can.
     void clampStoredOptions();
+    // Window sizes and splits within the screen.
+    void clampStoredSizes();
     void settingsToWidgets();
     void widgetsToSettings();
     void setWindowSizePosition();
     void resizeToScreen(bool showTip);
     void splitPlotSide();
+    void naturalPaneWidths(int windowWidth, int* input, int* table) const;
+    // Gives the diagram the width at which it fills the height of the plot row, unless the
+    // user has set that width by dragging.
+    void fitDiagramWidth();
 
     // Tables.
     void setupTable();
@@ -394,6 +418,15 @@ class VantrelGUI : public FXMainWindow {
     int numGridPoints() const;
     CIE_PlotInput ciePlotInput() const;
     void drawCIE_Plot(bool reset);
+    // Passes the points and options to the diagram; true when its range was set anew.
+    // Makes a spectrum the matching curve: matching mode on, the third column of the 2 nm table
+    // filled in the input units, and its name as the curve's title.
+    void useAsMatchingCurve(const ledTypeStruct& spectrum);
+    // The Matching menu's picker shows the matching curve's title, "Unknown" without one.
+    void showMatchingCurveTitle();
+    // Writes a reference set as a colour library of the program folder, or shows why not.
+    void writeReferenceColours(ReferenceColours which, const char* name);
+    bool prepareCIE_Plot(bool reset);
     void drawSpectrumPlot();
     void updateCalculateButton();
     void setSavedValuesCaptions();
@@ -452,6 +485,8 @@ class VantrelGUI : public FXMainWindow {
     FXMenuBar* menuBar = nullptr;
     std::vector<FXMenuPane*> menuPanes;
     FXSplitter* mainSplitter = nullptr;
+    FXSplitter* plotSideSplitter = nullptr;  // plots above, result tabs below
+    FXHorizontalFrame* plotRow = nullptr;    // the diagram and the spectrum plot
     FXTabBook* inputTabs = nullptr;
     FXTabItem* spectraTab = nullptr;
     FXTabItem* filtersTab = nullptr;

@@ -308,6 +308,14 @@ void VantrelGUI::clampStoredOptions() {
             offered = offered || (other.radio && other.tag == binding.tag && other.value == value);
         if (!offered) settings.setInt(binding.tag, defaults.getInt(binding.tag));
     }
+    settings.setInt("analysisType", std::clamp(settings.getInt("analysisType"), 0, 8));
+    settings.setInt("spectrumRange",
+                    std::clamp(settings.getInt("spectrumRange"), 0, NUM_SPECTRUM_RANGES - 1));
+    // Before the window exists the screen's size is not known: create() clamps the sizes then.
+    if (getRoot()->id() != 0) clampStoredSizes();
+}
+
+void VantrelGUI::clampStoredSizes() {
     // The window fits on the screen.
     const int screenW = std::max(getRoot()->getWidth(), MIN_WINDOW_SIZE);
     const int screenH = std::max(getRoot()->getHeight(), MIN_WINDOW_SIZE);
@@ -319,7 +327,8 @@ void VantrelGUI::clampStoredOptions() {
     clampTo("window_x", -1, screenW - MIN_WINDOW_SIZE);
     clampTo("window_y", -1, screenH - MIN_WINDOW_SIZE);
     clampTo("dataSplitter", 0, screenW);
-    clampTo("plotsSplitter", 0, screenW);
+    clampTo("plotsSplitter", 0, screenH);
+    clampTo("spectrumTableWidth", 0, screenW);
     // The sizes and splits of every window, those of windows still closed among them.
     for (const OptionDef& def : ProgramSettings::table()) {
         if (def.kind != OptionKind::INT) continue;
@@ -332,6 +341,4 @@ void VantrelGUI::clampStoredOptions() {
         if (!index && (width || split)) clampTo(def.tag, 0, screenW);
         if (!index && height) clampTo(def.tag, 0, screenH);
     }
-    clampTo("analysisType", 0, 8);
-    clampTo("spectrumRange", 0, NUM_SPECTRUM_RANGES - 1);
 }

@@ -109,21 +109,25 @@ void VantrelGUI::buildTables(FXComposite* parent) {
 }
 
 void VantrelGUI::buildPlotSide(FXComposite* parent) {
-    FXSplitter* split = new FXSplitter(
-        parent, SPLITTER_VERTICAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
-    FXHorizontalFrame* plotFrame = new FXHorizontalFrame(
-        split, LAYOUT_FILL_X | LAYOUT_FIX_HEIGHT | FRAME_SUNKEN, 0, 0, 0, 400, 0, 0, 0, 0);
-    // The user moves the border between the diagram and the spectrum; the diagram starts a
-    // little wider, as it needs about as much height as width.
-    FXSplitter* plots = new FXSplitter(
-        plotFrame, SPLITTER_HORIZONTAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
+    // The diagram and the spectrum side by side above the result tabs; the window sizes the
+    // diagram to fill its height (splitPlotSide) and keeps the borders the user drags.
+    plotSideSplitter =
+        new FXSplitter(parent, this, ID_PLOT_SPLITTER,
+                       SPLITTER_VERTICAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
+    plotRow =
+        new FXHorizontalFrame(plotSideSplitter, LAYOUT_FILL_X | LAYOUT_FIX_HEIGHT | FRAME_SUNKEN, 0,
+                              0, 0, 400, 0, 0, 0, 0);
+    FXSplitter* plots =
+        new FXSplitter(plotRow, this, ID_PLOT_SPLITTER,
+                       SPLITTER_HORIZONTAL | LAYOUT_FILL_X | LAYOUT_FILL_Y | SPLITTER_TRACKING);
     ciePlotCanvas =
         new FXCanvas(plots, this, ID_CIE_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y, 0, 0, 300, 0);
     spectrumPlotCanvas =
         new FXCanvas(plots, this, ID_SPECTRUM_CANVAS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     ciePlotCanvas->setBackColor(FXRGB(255, 255, 255));
     spectrumPlotCanvas->setBackColor(FXRGB(255, 255, 255));
-    resultTabs = new FXTabBook(split, this, ID_RESULT_TABS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
+    resultTabs =
+        new FXTabBook(plotSideSplitter, this, ID_RESULT_TABS, LAYOUT_FILL_X | LAYOUT_FILL_Y);
     layoutMainResultsTab(resultTabs, 104, 86);
     layoutTM30ResultsTab(resultTabs, 104, 86);
     layoutTM30_p2_ResultsTab(resultTabs, 104, 86);
@@ -143,7 +147,7 @@ void VantrelGUI::setupTable() {
     for (Table_zwk7* table : tables) {
         if (table->getNumColumns() < columns) table->insertColumns(2, 1);
         if (table->getNumColumns() > columns) table->removeColumns(2, 1);
-        const int width = columns == 3 ? 78 : 115;
+        const int width = columns == 3 ? 78 : 100;
         for (int c = 0; c < columns; ++c) table->setColumnWidth(c, width);
     }
     setTableColumnTitles();

@@ -5,9 +5,11 @@
 #include "AppConstants.h"
 #include "CIE_Plot.h"
 #include "PlotData.h"
+#include "ReadWriteUserSpectra.h"
 #include "ReferenceDataFiles.h"
 #include "SpectrumPlot.h"
 #include "UserDialogs.h"
+#include "UserLibrary.h"
 #include "Utilities_zwk7.h"
 #include "VantrelGUI.h"
 
@@ -64,6 +66,12 @@ CIE_PlotInput VantrelGUI::ciePlotInput() const {
 }
 
 void VantrelGUI::drawCIE_Plot(bool reset) {
+    // A new range (another type, zoom or a reset) may want another width to fill the height.
+    if (prepareCIE_Plot(reset) && settings.getInt("ciePlotPaneWidth") <= 0) fitDiagramWidth();
+    ciePlot->drawPlot(ciePlotCanvas);
+}
+
+bool VantrelGUI::prepareCIE_Plot(bool reset) {
     if (!ciePlot) ciePlot = std::make_unique<CIE_Plot>(this, 1);
     const CIE_PlotInput in = ciePlotInput();
     const bool typeChanged = ciePlot->getDiagramType() != in.diagramType;
@@ -91,8 +99,9 @@ void VantrelGUI::drawCIE_Plot(bool reset) {
         // not the result).
         ciePlot->setPlotBounds(in.diagramType, settings.getBool("cieDiagramZoomed_Chk"),
                                settings.getBool("enableSmartZoom"), in.x.size() > 1);
+        return true;
     }
-    ciePlot->drawPlot(ciePlotCanvas);
+    return false;
 }
 
 void VantrelGUI::drawSpectrumPlot() {
@@ -281,6 +290,39 @@ void writeReferenceFile(FXWindow* owner, const std::string& path,
 long VantrelGUI::onCmdWriteHorseShoeData(FXObject*, FXSelector, void*) {
     writeReferenceFile(this, paths.programDir + HORSESHOE_FILE_NAME, writeHorseShoeData);
     return 1;
+}
+
+long VantrelGUI::onCmdWrite_RQ_UserColors(FXObject*, FXSelector sel, void*) {
+    const int id = FXSELID(sel);
+    const ReferenceColours which = id == ID_WRITE_R_COLORS   ? ReferenceColours::CRI_SAMPLES
+                                   : id == ID_WRITE_Q_COLORS ? ReferenceColours::CQS_SAMPLES
+                                                             : ReferenceColours::COLOR_CHECKER;
+    const char* name = id == ID_WRITE_R_COLORS   ? R_VALUES_USER_COLORS_NAME
+                       : id == ID_WRITE_Q_COLORS ? Q_VALUES_USER_COLORS_NAME
+                                                 : COLOR_CHECKER_COLORS_FILENAME;
+    writeReferenceColours(which, name);
+    return 1;
+}
+
+long VantrelGUI::onCmdWriteCESColorsToFile(FXObject*, FXSelector sel, void*) {
+    if (FXSELID(sel) == ID_WRITE_CES_DATA) {
+        writeReferenceFile(this, paths.programDir + CES_DATA_FILENAME, writeCESData);
+    } else {
+        writeReferenceColours(ReferenceColours::CES, CES_COLORS_FILENAME);
+    }
+    return 1;
+}
+
+void VantrelGUI::writeReferenceColours(ReferenceColours which, const char* name) {
+    // A colour library of the program folder, as "Save" of the user colours writes one.
+    const std::vector<ledTypeStruct> entries = referenceColourEntries(which);
+    const std::string path = paths.programDir + name + USER_COLORS_FILE_EXT;
+    const ReadWriteUserSpectra written(static_cast<int>(entries.size()), nullptr, entries.data(),
+                                       "w", path, LIBRARY_COLORS, false);
+    if (written.getError()) {
+        UserDialogs::error(this, "File error", "File \"%s\" could not be written, it may be open.",
+                           path.c_str());
+    }
 }
 
 long VantrelGUI::onCmdWriteGamutData(FXObject*, FXSelector, void*) {

@@ -388,18 +388,18 @@ long VantrelGUI::onCmdStdIlluminant(FXObject*, FXSelector sel, void*) {
     return 1;
 }
 
-void VantrelGUI::generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
-                                  bool save) {
+bool VantrelGUI::generateGaussian(const std::string& name, double centerMetres, double fwhmMetres,
+                                  bool save, bool askBeforeReplacing) {
     // The peak goes into the 2 nm table: data the user put there is not replaced unasked.
     Table_zwk7* target = inputTables[RANGE_360_830_2NM];
     bool holdsData = false;
     for (int i = 0; i < target->getNumRows() && !holdsData; ++i)
         holdsData = !target->getItemText(i, 1).trim().empty();
-    if (holdsData &&
+    if (askBeforeReplacing && holdsData &&
         UserDialogs::question(this, MBOX_YES_NO, "Replace data",
                               "The Gaussian spectrum replaces the data in the 360 to 830 nm "
                               "(2 nm) table.\nDo you want to go on?") != MBOX_CLICKED_YES)
-        return;
+        return false;
     const int oldType = analysisType, oldRange = spectrumRange;
     setAnalysisType(1);
     setSpectrumRange(RANGE_360_830_2NM);
@@ -417,6 +417,18 @@ void VantrelGUI::generateGaussian(const std::string& name, double centerMetres, 
     }
     setAnalysisType(oldType);
     setSpectrumRange(oldRange);
+    return true;
+}
+
+int VantrelGUI::autoGenerateGaussianPeaks() {
+    // One question for the whole set: each peak replaces the one before it in the table.
+    int made = 0;
+    for (const GaussianPeak& peak : autoGaussianPeaks()) {
+        if (!generateGaussian(peak.name, peak.centerNm * 1e-9, peak.fwhmNm * 1e-9, true, made == 0))
+            break;
+        ++made;
+    }
+    return made;
 }
 
 long VantrelGUI::onCmdCreateGaussian(FXObject*, FXSelector, void*) {

@@ -131,6 +131,9 @@ class CIE_Plot {
     double x_to_screen(double x) const;
     double y_to_screen(double y) const;
     void getSize(int* width, int* height) const;
+    // The canvas width at which the current range, drawn to scale, fills a canvas of this
+    // height to its pads.
+    int widthForHeight(int height);
     void getPlotPadding(int* left, int* right, int* top, int* bottom) const;
     // Frame of the plot in pixels.
     void getPlotBoundaries(int* left, int* top, int* right, int* bottom) const;
@@ -209,6 +212,8 @@ class CIE_Plot {
     // Drawing passes.
     void layout(int width, int height, bool* drawable);
     void setTickMarkSpacing();
+    // Left and bottom pads for the current type, range and font.
+    void computePads(int* left, int* bottom);
     void recordGridPositions();
     void makeColorCIE();
     bool isOutOfGamut(double x, double y) const;

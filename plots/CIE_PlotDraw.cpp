@@ -313,6 +313,24 @@ void axisTitles(int type, const char** xt, const char** yt, const char** sub) {
 }
 }  // namespace
 
+void CIE_Plot::computePads(int* left, int* bottom) {
+    // Labels and titles below, tick labels and the vertical title at the left.
+    const bool tenDegree = diagramType == 3 || diagramType == 4;
+    *bottom = 10 * scaleFactor + (tenDegree ? 3 : 2) * font->getFontHeight();
+    setTickMarkSpacing();
+    const char *xt, *yt, *sub;
+    axisTitles(diagramType, &xt, &yt, &sub);
+    *left = font->getTextWidth(FXString("0.") + FXString('0', tickDecimals + 1)) +
+            font->getTextWidth(yt) + subscriptFont->getTextWidth(sub);
+}
+
+int CIE_Plot::widthForHeight(int height) {
+    int left, bottom;
+    computePads(&left, &bottom);
+    const int plotH = std::max(0, height - topPad - bottom);
+    return left + rightPad + toInt(plotH * (xMax - xMin) / (yMax - yMin));
+}
+
 bool CIE_Plot::makeImage(int width, int height) {
     if ((zoomBoxPending || panLinePending) && width == canvasWidth && height == canvasHeight &&
         plotWidth >= 10 && plotHeight >= 10) {
@@ -324,15 +342,8 @@ bool CIE_Plot::makeImage(int width, int height) {
     zoomBoxPending = panLinePending = false;
     if (width < 10 || height < 10) return false;
 
-    // Pads: labels and titles below, tick labels and the vertical title at the left.
-    const bool tenDegree = diagramType == 3 || diagramType == 4;
-    const int fontHeight = font->getFontHeight();
-    const int newBottomPad = 10 * scaleFactor + (tenDegree ? 3 : 2) * fontHeight;
-    setTickMarkSpacing();
-    const char *xt, *yt, *sub;
-    axisTitles(diagramType, &xt, &yt, &sub);
-    const int newLeftPad = font->getTextWidth(FXString("0.") + FXString('0', tickDecimals + 1)) +
-                           font->getTextWidth(yt) + subscriptFont->getTextWidth(sub);
+    int newLeftPad, newBottomPad;
+    computePads(&newLeftPad, &newBottomPad);
     const int availW = width - newLeftPad - rightPad, availH = height - topPad - newBottomPad;
     const double xs = xMax - xMin, ys = yMax - yMin;
     int pw, ph;

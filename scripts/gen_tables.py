@@ -126,40 +126,40 @@ class Data:
 
 
 SOURCES = [
-    Data("cie1931_2deg_cmf_1nm", "cie1931_2deg_cmf_1nm.tsv", "kCie1931Cmf1nm",
-         "kCie1931Cmf1nmRows", ["nm", "xbar", "ybar", "zbar"], (360, 1, 471), """
+    Data("cie1931_2deg_cmf_1nm", "cie1931_2deg_cmf_1nm.tsv", "CIE1931_CMF1NM",
+         "CIE1931_CMF1NM_ROWS", ["nm", "xbar", "ybar", "zbar"], (360, 1, 471), """
 CIE 1931 standard colorimetric observer (2 degree), colour-matching functions x̄, ȳ, z̄.
 Standard: CIE 015:2018 / ISO/CIE 11664-1:2019, 1 nm table (CIE 018:2019 as distributed by CVRL).
 Grid: 360 to 830 nm in 1 nm steps, 471 rows: nm, x̄, ȳ, z̄.
 Units: relative, dimensionless, as tabulated.
 Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/cmfs/ciexyz_1931_2.dat.
 """, decl_comment="nm, x̄, ȳ, z̄"),
-    Data("cie1964_10deg_cmf_1nm", "cie1964_10deg_cmf_1nm.tsv", "kCie1964Cmf1nm",
-         "kCie1964Cmf1nmRows", ["nm", "xbar", "ybar", "zbar"], (360, 1, 471), """
+    Data("cie1964_10deg_cmf_1nm", "cie1964_10deg_cmf_1nm.tsv", "CIE1964_CMF1NM",
+         "CIE1964_CMF1NM_ROWS", ["nm", "xbar", "ybar", "zbar"], (360, 1, 471), """
 CIE 1964 supplementary standard colorimetric observer (10 degree), x̄10, ȳ10, z̄10.
 Standard: CIE 015:2018 / ISO/CIE 11664-1:2019, 1 nm table as distributed by CVRL.
 Grid: 360 to 830 nm in 1 nm steps, 471 rows: nm, x̄10, ȳ10, z̄10.
 Units: relative, dimensionless, as tabulated.
 Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/cmfs/ciexyz_1964_10.dat.
 """, decl_comment="nm, x̄10, ȳ10, z̄10"),
-    Data("cie2015_2deg_cmf_1nm", "cie2015_2deg_cmf_1nm.tsv", "kCie2015Cmf2deg1nm",
-         "kCie2015Cmf2deg1nmRows", ["nm", "xbar", "ybar", "zbar"], (390, 1, 441), """
+    Data("cie2015_2deg_cmf_1nm", "cie2015_2deg_cmf_1nm.tsv", "CIE2015_CMF2DEG1NM",
+         "CIE2015_CMF2DEG1NM_ROWS", ["nm", "xbar", "ybar", "zbar"], (390, 1, 441), """
 CIE 2015 cone-fundamental-based colour-matching functions, 2 degree field, x̄F, ȳF, z̄F.
 Standard: CIE 170-2:2015 (CVRL lin2012xyz2e_1, 7 significant figures).
 Grid: 390 to 830 nm in 1 nm steps, 441 rows: nm, x̄F, ȳF, z̄F.
 Units: relative, dimensionless, as tabulated.
 Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/cmfs/ciexyz_2015_2.dat.
 """, decl_comment="nm, x̄F, ȳF, z̄F"),
-    Data("cie2015_10deg_cmf_1nm", "cie2015_10deg_cmf_1nm.tsv", "kCie2015Cmf10deg1nm",
-         "kCie2015Cmf10deg1nmRows", ["nm", "xbar", "ybar", "zbar"], (390, 1, 441), """
+    Data("cie2015_10deg_cmf_1nm", "cie2015_10deg_cmf_1nm.tsv", "CIE2015_CMF10DEG1NM",
+         "CIE2015_CMF10DEG1NM_ROWS", ["nm", "xbar", "ybar", "zbar"], (390, 1, 441), """
 CIE 2015 cone-fundamental-based colour-matching functions, 10 degree field, x̄F10, ȳF10, z̄F10.
 Standard: CIE 170-2:2015 (CVRL lin2012xyz10e_1, 7 significant figures).
 Grid: 390 to 830 nm in 1 nm steps, 441 rows: nm, x̄F10, ȳF10, z̄F10.
 Units: relative, dimensionless, as tabulated.
 Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/cmfs/ciexyz_2015_10.dat.
 """, decl_comment="nm, x̄F10, ȳF10, z̄F10"),
-    Data("cie1951_scotopic_vprime_1nm", "cie1951_scotopic_vprime_1nm.tsv", "kCie1951Scotopic1nm",
-         "kCie1951Scotopic1nmRows", ["nm", "Vprime"], (380, 1, 401), """
+    Data("cie1951_scotopic_vprime_1nm", "cie1951_scotopic_vprime_1nm.tsv", "CIE1951_SCOTOPIC1NM",
+         "CIE1951_SCOTOPIC1NM_ROWS", ["nm", "Vprime"], (380, 1, 401), """
 CIE 1951 scotopic spectral luminous efficiency function V'(λ).
 Standard: CIE 1951 scotopic observer, ISO 23539:2005/CIE S 010/E:2004; 1 nm interpolation as
 distributed by CVRL (scvl_1); the official 5 nm values are the rows at multiples of 5 nm.
@@ -167,8 +167,8 @@ Grid: 380 to 780 nm in 1 nm steps, 401 rows: nm, V'.
 Units: relative, 1 at 507 nm.
 Transcribed from: colour-science/colour (commit 9d74314) colour/colorimetry/datasets/lefs.py.
 """, decl_comment="nm, V'"),
-    Data("cie1931_2deg_cmf_5nm_380_760", "cie1931_2deg_cmf_5nm_380_760.tsv", "kCie1931Cmf5nm",
-         "kCie1931Cmf5nmRows", ["nm", "xbar", "ybar", "zbar"], (380, 5, 77), """
+    Data("cie1931_2deg_cmf_5nm_380_760", "cie1931_2deg_cmf_5nm_380_760.tsv", "CIE1931_CMF5NM",
+         "CIE1931_CMF5NM_ROWS", ["nm", "xbar", "ybar", "zbar"], (380, 5, 77), """
 CIE 1931 standard colorimetric observer (2 degree) at 5 nm over the TLCI-2012 range.
 Standard: CIE 015 5 nm table, as used by EBU Tech 3355 (2014).
 Grid: 380 to 760 nm in 5 nm steps, 77 rows: nm, x̄, ȳ, z̄.
@@ -176,8 +176,8 @@ Units: relative, dimensionless.
 Transcribed from: Hoijuon/TLCI-Calculation (commit 3f433e8) TristimulusValues1931.txt, rows 380
 to 760 nm of its 380-780 nm table.
 """, decl_comment="nm, x̄, ȳ, z̄"),
-    Data("cie_daylight_s0_s1_s2_10nm", "cie_daylight_s0_s1_s2_10nm.tsv", "kCieDaylight10nm",
-         "kCieDaylight10nmRows", ["nm", "S0", "S1", "S2"], (300, 10, 54), """
+    Data("cie_daylight_s0_s1_s2_10nm", "cie_daylight_s0_s1_s2_10nm.tsv", "CIE_DAYLIGHT10NM",
+         "CIE_DAYLIGHT10NM_ROWS", ["nm", "S0", "S1", "S2"], (300, 10, 54), """
 CIE daylight components S0, S1, S2 (reconstituted daylight).
 Standard: CIE 015:2018, Table of the components of the relative spectral distribution of
 daylight, 10 nm values.
@@ -187,7 +187,7 @@ Transcribed from: colour-science/colour (commit 9d74314)
 colour/colorimetry/datasets/illuminants/sds_d_illuminant_series.py (its 10 nm rows).
 """, decl_comment="nm, S0, S1, S2"),
     Data("ebu3355_daylight_s0_s1_s2_5nm", "ebu3355_daylight_s0_s1_s2_5nm.tsv",
-         "kEbu3355Daylight5nm", "kEbu3355Daylight5nmRows", ["nm", "S0", "S1", "S2"],
+         "EBU3355_DAYLIGHT5NM", "EBU3355_DAYLIGHT5NM_ROWS", ["nm", "S0", "S1", "S2"],
          (380, 5, 77), """
 Daylight components S0, S1, S2 as tabulated for the Television Lighting Consistency Index.
 Standard: EBU Tech 3355 (2014), Appendix 3 "daylight radiation vectors": the CIE 10 nm values
@@ -197,8 +197,8 @@ Units: relative spectral power, S0 = 100 at 560 nm; column sums 7140.45, 545.05,
 Transcribed from: colour-science/colour (commit 2736ecb) colour/quality/datasets/tlci2012.py.
 VantrelData uses S2 = 2.1 at 385 nm instead of the 2.05 printed here (see VantrelData.cpp).
 """, decl_comment="nm, S0, S1, S2"),
-    Data("ebu3355_camera_rgb_5nm", "ebu3355_camera_rgb_5nm.tsv", "kEbu3355Camera5nm",
-         "kEbu3355Camera5nmRows", ["nm", "rbar", "gbar", "bbar"], (380, 5, 77), """
+    Data("ebu3355_camera_rgb_5nm", "ebu3355_camera_rgb_5nm.tsv", "EBU3355_CAMERA5NM",
+         "EBU3355_CAMERA5NM_ROWS", ["nm", "rbar", "gbar", "bbar"], (380, 5, 77), """
 EBU standard camera spectral sensitivities r̄, ḡ, b̄ for TLCI-2012.
 Standard: EBU Tech 3355 (2014), Appendix 5 (camera model of EBU Tech 3353).
 Grid: 380 to 760 nm in 5 nm steps, 77 rows (grid B): nm, r̄, ḡ, b̄.
@@ -207,7 +207,7 @@ Transcribed from: Hoijuon/TLCI-Calculation (commit 3f433e8) EBUStandardCameraCur
 (rows 380-760 nm); agrees with colour-science/colour (commit 2736ecb) tlci2012.py.
 """, decl_comment="nm, r̄, ḡ, b̄"),
     Data("ebu3355_colorchecker_24_5nm", "ebu3355_colorchecker_24_5nm.tsv",
-         "kEbu3355ColorChecker5nm", "kEbu3355ColorChecker5nmRows", None, (380, 5, 77), """
+         "EBU3355_COLOR_CHECKER5NM", "EBU3355_COLOR_CHECKER5NM_ROWS", None, (380, 5, 77), """
 Spectral reflectance of the 24 ColorChecker patches, in chart order, used by TLCI-2012.
 Standard: EBU Tech 3355 (2014), Appendix 4 (patches 1-18 from BBC R&D Report 1988/2, patches
 19-24 BBC R&D measurements).
@@ -216,8 +216,8 @@ Units: reflectance factor, 0 to 1.
 Transcribed from: Hoijuon/TLCI-Calculation (commit 3f433e8) SpectralBrightnessCoefficient.txt
 (rows 380-760 nm), checked against colour-science/colour (commit 2736ecb) tlci2012.py.
 """, decl_comment="nm, patch 1 (dark skin) ... patch 24 (black)"),
-    Data("tcs_cie13_3_r1_r14_5nm", "tcs_cie13_3_r1_r14_5nm.tsv", "kCie133Tcs5nm",
-         "kCie133Tcs5nmRows", None, (360, 5, 95), """
+    Data("tcs_cie13_3_r1_r14_5nm", "tcs_cie13_3_r1_r14_5nm.tsv", "CIE133_TCS5NM",
+         "CIE133_TCS5NM_ROWS", None, (360, 5, 95), """
 Test colour samples TCS01 to TCS14 of the CIE colour rendering index.
 Standard: CIE 13.3-1995 (samples 1-8 for Ra, 9-14 for the special indices).
 Grid: 360 to 830 nm in 5 nm steps, 95 rows: nm, TCS01 ... TCS14.
@@ -225,7 +225,7 @@ Units: spectral radiance factor, 0 to 1.
 Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/rfls/CIE_13_3_1995_R14.dat;
 identical to colour-science/colour (commit 9d74314) colour/quality/datasets/tcs.py.
 """, decl_comment="nm, TCS01 ... TCS14"),
-    Data("tcs15_jis_z8726_5nm", "tcs15_jis_z8726_5nm.tsv", "kJisTcs15_5nm", "kJisTcs15_5nmRows",
+    Data("tcs15_jis_z8726_5nm", "tcs15_jis_z8726_5nm.tsv", "JIS_TCS15_5NM", "JIS_TCS15_5NM_ROWS",
          ["nm", "TCS15"], (360, 5, 95), """
 Test colour sample 15 (Japanese skin tone) for the special colour rendering index R15.
 Standard: JIS Z 8726:1990.
@@ -233,7 +233,7 @@ Grid: 360 to 830 nm in 5 nm steps, 95 rows: nm, TCS15.
 Units: spectral radiance factor, 0 to 1.
 Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/rfls/JIS-Z-8726-R15.dat.
 """, decl_comment="nm, TCS15"),
-    Data("cqs_vs_v9_0_5nm", "cqs_vs_v9_0_5nm.tsv", "kCqs90Vs5nm", "kCqs90Vs5nmRows", None,
+    Data("cqs_vs_v9_0_5nm", "cqs_vs_v9_0_5nm.tsv", "CQS90_VS5NM", "CQS90_VS5NM_ROWS", None,
          (360, 5, 95), """
 Reflectance samples VS1 to VS15 of the NIST Colour Quality Scale.
 Standard: NIST CQS version 9.0 (simulation spreadsheet 9.0 sample set).
@@ -242,7 +242,7 @@ Units: reflectance factor, 0 to 1.
 Transcribed from: colour-science/colour (commit 9d74314) colour/quality/datasets/vs.py
 ("NIST CQS 9.0"); identical at every 5 nm point to luxpy/data/rfls/CQSv9dot0.dat.
 """, decl_comment="nm, VS1 ... VS15"),
-    Data("tm30_18_ces99_1nm", "tm30_18_ces99_1nm.tsv", "kTm30Ces99EvenNm", "kTm30Ces99EvenNmRows",
+    Data("tm30_18_ces99_1nm", "tm30_18_ces99_1nm.tsv", "TM30_CES99_EVEN_NM", "TM30_CES99_EVEN_NM_ROWS",
          None, (360, 1, 471), """
 Reflectance of the 99 colour evaluation samples CES01 to CES99 and their category codes.
 Standard: ANSI/IES TM-30-18 (identical to CIE 224:2017); category codes as in TM-30-15/-18.
@@ -255,7 +255,7 @@ Transcribed from: ksmet1977/luxpy (commit d84a1e0) luxpy/data/rfls/IESTM30_18_R9
 (identical to CIE224_2017_R99_1nm.dat) and IESTM30_15_R99info.dat (categories).
 """, row_filter=lambda row: int(row[0]) % 2 == 0, extra="ces_types",
          decl_comment="nm, CES01 ... CES99 (even-nm rows of the 1 nm table)"),
-    Data("fci_4_colours_5nm", "fci_4_colours_5nm.tsv", "kFci4Colours5nm", "kFci4Colours5nmRows",
+    Data("fci_4_colours_5nm", "fci_4_colours_5nm.tsv", "FCI4_COLOURS5NM", "FCI4_COLOURS5NM_ROWS",
          ["nm", "FCI1", "FCI2", "FCI3", "FCI4"], (380, 5, 81), """
 Spectral reflectance of the four test colours of the Feeling of Contrast Index (FCI).
 Standard: Hashimoto, Yano, Shimizu and Nayatani, Lighting Res. Technol. 39(3) (2007) 287-298.
@@ -268,8 +268,8 @@ multiples of 5 nm), except the 380 nm row, see there.
 row (0.058, 0.078, 0.075, 0.066). The engine's own resampled values at 380 nm are 0.02901,
 0.03903, 0.03741 and 0.033 (the 379-381 nm cell is half covered), which implies this row.""")},
          decl_comment="nm, FCI1 ... FCI4"),
-    Data("coi_blood_q100_q50_5nm", "coi_blood_q100_q50_5nm.tsv", "kCoiBlood5nm",
-         "kCoiBlood5nmRows", ["nm", "Q100", "Q50"], (380, 5, 77), """
+    Data("coi_blood_q100_q50_5nm", "coi_blood_q100_q50_5nm.tsv", "COI_BLOOD5NM",
+         "COI_BLOOD5NM_ROWS", ["nm", "Q100", "Q50"], (380, 5, 77), """
 Spectral reflectance of blood at 100 % (Q100) and 50 % (Q50) oxygen saturation for the
 Cyanosis Observation Index.
 Standard: AS/NZS 1680.2.5:1997, Interior lighting - Hospital and medical tasks, COI appendix.
@@ -279,7 +279,7 @@ Transcribed from: ksmet1977/luxpy (commit d84a1e0)
 luxpy/toolboxes/photbiochem/data/ASNZS_1680.2.5_1997_cyanosisindex_100_50.dat.
 """, decl_comment="nm, Q100, Q50"),
     Data("lrc2012_circadian_v_s_mc_2nm", "lrc2012_circadian_v_s_mc_2nm.tsv",
-         "kLrc2012Circadian2nm", "kLrc2012Circadian2nmRows",
+         "LRC2012_CIRCADIAN2NM", "LRC2012_CIRCADIAN2NM_ROWS",
          ["nm", "V_photopic", "Vprime_scotopic", "V_macula", "S_macula", "Mc_melanopsin_lens"],
          (380, 2, 201), """
 Spectral efficiency functions of the circadian light (CLA) and circadian stimulus model.
@@ -293,7 +293,7 @@ luxpy/toolboxes/photbiochem/data/LRC2012_CS_CLa_efficiency_functions.dat (its pa
 379, 781 and 5000 nm dropped).
 """, decl_comment="nm, V, V', V macular, S macular, Mc melanopsin with lens"),
     Data("well_v1_l2_melanopic_visual_5nm", "well_v1_l2_melanopic_visual_5nm.tsv",
-         "kWellV1Melanopic5nm", "kWellV1Melanopic5nmRows", ["nm", "melanopic", "visual"],
+         "WELL_V1_MELANOPIC5NM", "WELL_V1_MELANOPIC5NM_ROWS", ["nm", "melanopic", "visual"],
          (380, 5, 81), """
 Melanopic and visual response curves for equivalent melanopic lux.
 Standard: WELL Building Standard v1, Appendix C Table L2: melanopic = CIE TN 003:2015 melanopsin
@@ -310,7 +310,7 @@ Table L2.
 
 FILM_SOURCES = [
     ("kodak_vision3_5207_250d", "kodak_vision3_5207_250D_log_sensitivity_digitized.tsv",
-     "kKodak5207", """
+     "KODAK5207", """
 STAND-IN DATA, NOT the film tables Lumivar originally shipped: these curves do not reproduce the
 program's original daylight film sensitivities, only their general shape.
 Spectral sensitivity of the three layers of a daylight (5500 K) colour negative film: log10 of
@@ -325,7 +325,7 @@ src/spectral_film_lut/negative_film/kodak_5207.py (log_sensitivity). The green p
 399.8672 nm is kept as digitised although it looks like a digitising artefact.
 """),
     ("kodak_vision3_5219_500t", "kodak_vision3_5219_500T_log_sensitivity_digitized.tsv",
-     "kKodak5219", """
+     "KODAK5219", """
 STAND-IN DATA, NOT the film tables Lumivar originally shipped: these curves do not reproduce the
 program's original 3200 K film sensitivities, only their general shape.
 Spectral sensitivity of the three layers of a tungsten (3200 K) colour negative film: log10 of
@@ -339,7 +339,7 @@ src/spectral_film_lut/negative_film/kodak_5219.py (log_sensitivity).
 """),
 ]
 
-LAYERS = [("red", "Red"), ("green", "Green"), ("blue", "Blue")]
+LAYERS = [("red", "RED"), ("green", "GREEN"), ("blue", "BLUE")]
 
 
 def select_rows(source, table):
@@ -379,7 +379,7 @@ def ces_types(folder):
         sys.exit("tm30_ces99_types.tsv: expected 99 samples")
     body = ["", "// Category code of CES01 ... CES99: 1 Nature, 2 Skin, 3 Textiles, 4 Paints, "
             "5 Plastic,", "// 6 Printed, 7 Color system.",
-            "const int kTm30Ces99Types[kTm30Ces99Count] = {"]
+            "const int TM30_CES99_TYPES[TM30_CES99_COUNT] = {"]
     for k in range(0, len(codes), 11):
         body.append(f"    {', '.join(codes[k:k + 11])},  // CES{k + 1:02d}-CES{k + 11:02d}")
     body.append("};")
@@ -430,8 +430,8 @@ Generated by scripts/gen_tables.py; edit the generator, not this file.
                 f"extern const double {source.symbol}[{source.rows_const}][{cols}];"]
         if source.extra == "ces_types":
             body += ces_types(args.tsv_folder)
-            decl += ["constexpr int kTm30Ces99Count = 99;",
-                     "extern const int kTm30Ces99Types[kTm30Ces99Count];  // codes 1 to 7"]
+            decl += ["constexpr int TM30_CES99_COUNT = 99;",
+                     "extern const int TM30_CES99_TYPES[TM30_CES99_COUNT];  // codes 1 to 7"]
         write_file(os.path.join(args.out, source.stem + ".cpp"), source_file(source.comment, body))
         header += decl + [""]
 
@@ -441,7 +441,7 @@ Generated by scripts/gen_tables.py; edit the generator, not this file.
                           "sensitivity."]
         for key, label in LAYERS:
             points = layers[key]
-            symbol, count = f"{prefix}{label}", f"{prefix}{label}Rows"
+            symbol, count = f"{prefix}_{label}", f"{prefix}_{label}_ROWS"
             if body:
                 body.append("")
             body += array_2d(symbol, count, 2, points)

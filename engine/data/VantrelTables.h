@@ -10,94 +10,94 @@
 namespace lumivar_tables {
 
 // cie1931_2deg_cmf_1nm.cpp: nm, x̄, ȳ, z̄.
-constexpr int kCie1931Cmf1nmRows = 471;
-extern const double kCie1931Cmf1nm[kCie1931Cmf1nmRows][4];
+constexpr int CIE1931_CMF1NM_ROWS = 471;
+extern const double CIE1931_CMF1NM[CIE1931_CMF1NM_ROWS][4];
 
 // cie1964_10deg_cmf_1nm.cpp: nm, x̄10, ȳ10, z̄10.
-constexpr int kCie1964Cmf1nmRows = 471;
-extern const double kCie1964Cmf1nm[kCie1964Cmf1nmRows][4];
+constexpr int CIE1964_CMF1NM_ROWS = 471;
+extern const double CIE1964_CMF1NM[CIE1964_CMF1NM_ROWS][4];
 
 // cie2015_2deg_cmf_1nm.cpp: nm, x̄F, ȳF, z̄F.
-constexpr int kCie2015Cmf2deg1nmRows = 441;
-extern const double kCie2015Cmf2deg1nm[kCie2015Cmf2deg1nmRows][4];
+constexpr int CIE2015_CMF2DEG1NM_ROWS = 441;
+extern const double CIE2015_CMF2DEG1NM[CIE2015_CMF2DEG1NM_ROWS][4];
 
 // cie2015_10deg_cmf_1nm.cpp: nm, x̄F10, ȳF10, z̄F10.
-constexpr int kCie2015Cmf10deg1nmRows = 441;
-extern const double kCie2015Cmf10deg1nm[kCie2015Cmf10deg1nmRows][4];
+constexpr int CIE2015_CMF10DEG1NM_ROWS = 441;
+extern const double CIE2015_CMF10DEG1NM[CIE2015_CMF10DEG1NM_ROWS][4];
 
 // cie1951_scotopic_vprime_1nm.cpp: nm, V'.
-constexpr int kCie1951Scotopic1nmRows = 401;
-extern const double kCie1951Scotopic1nm[kCie1951Scotopic1nmRows][2];
+constexpr int CIE1951_SCOTOPIC1NM_ROWS = 401;
+extern const double CIE1951_SCOTOPIC1NM[CIE1951_SCOTOPIC1NM_ROWS][2];
 
 // cie1931_2deg_cmf_5nm_380_760.cpp: nm, x̄, ȳ, z̄.
-constexpr int kCie1931Cmf5nmRows = 77;
-extern const double kCie1931Cmf5nm[kCie1931Cmf5nmRows][4];
+constexpr int CIE1931_CMF5NM_ROWS = 77;
+extern const double CIE1931_CMF5NM[CIE1931_CMF5NM_ROWS][4];
 
 // cie_daylight_s0_s1_s2_10nm.cpp: nm, S0, S1, S2.
-constexpr int kCieDaylight10nmRows = 54;
-extern const double kCieDaylight10nm[kCieDaylight10nmRows][4];
+constexpr int CIE_DAYLIGHT10NM_ROWS = 54;
+extern const double CIE_DAYLIGHT10NM[CIE_DAYLIGHT10NM_ROWS][4];
 
 // ebu3355_daylight_s0_s1_s2_5nm.cpp: nm, S0, S1, S2.
-constexpr int kEbu3355Daylight5nmRows = 77;
-extern const double kEbu3355Daylight5nm[kEbu3355Daylight5nmRows][4];
+constexpr int EBU3355_DAYLIGHT5NM_ROWS = 77;
+extern const double EBU3355_DAYLIGHT5NM[EBU3355_DAYLIGHT5NM_ROWS][4];
 
 // ebu3355_camera_rgb_5nm.cpp: nm, r̄, ḡ, b̄.
-constexpr int kEbu3355Camera5nmRows = 77;
-extern const double kEbu3355Camera5nm[kEbu3355Camera5nmRows][4];
+constexpr int EBU3355_CAMERA5NM_ROWS = 77;
+extern const double EBU3355_CAMERA5NM[EBU3355_CAMERA5NM_ROWS][4];
 
 // ebu3355_colorchecker_24_5nm.cpp: nm, patch 1 (dark skin) ... patch 24 (black).
-constexpr int kEbu3355ColorChecker5nmRows = 77;
-extern const double kEbu3355ColorChecker5nm[kEbu3355ColorChecker5nmRows][25];
+constexpr int EBU3355_COLOR_CHECKER5NM_ROWS = 77;
+extern const double EBU3355_COLOR_CHECKER5NM[EBU3355_COLOR_CHECKER5NM_ROWS][25];
 
 // tcs_cie13_3_r1_r14_5nm.cpp: nm, TCS01 ... TCS14.
-constexpr int kCie133Tcs5nmRows = 95;
-extern const double kCie133Tcs5nm[kCie133Tcs5nmRows][15];
+constexpr int CIE133_TCS5NM_ROWS = 95;
+extern const double CIE133_TCS5NM[CIE133_TCS5NM_ROWS][15];
 
 // tcs15_jis_z8726_5nm.cpp: nm, TCS15.
-constexpr int kJisTcs15_5nmRows = 95;
-extern const double kJisTcs15_5nm[kJisTcs15_5nmRows][2];
+constexpr int JIS_TCS15_5NM_ROWS = 95;
+extern const double JIS_TCS15_5NM[JIS_TCS15_5NM_ROWS][2];
 
 // cqs_vs_v9_0_5nm.cpp: nm, VS1 ... VS15.
-constexpr int kCqs90Vs5nmRows = 95;
-extern const double kCqs90Vs5nm[kCqs90Vs5nmRows][16];
+constexpr int CQS90_VS5NM_ROWS = 95;
+extern const double CQS90_VS5NM[CQS90_VS5NM_ROWS][16];
 
 // tm30_18_ces99_1nm.cpp: nm, CES01 ... CES99 (even-nm rows of the 1 nm table).
-constexpr int kTm30Ces99EvenNmRows = 236;
-extern const double kTm30Ces99EvenNm[kTm30Ces99EvenNmRows][100];
-constexpr int kTm30Ces99Count = 99;
-extern const int kTm30Ces99Types[kTm30Ces99Count];  // codes 1 to 7
+constexpr int TM30_CES99_EVEN_NM_ROWS = 236;
+extern const double TM30_CES99_EVEN_NM[TM30_CES99_EVEN_NM_ROWS][100];
+constexpr int TM30_CES99_COUNT = 99;
+extern const int TM30_CES99_TYPES[TM30_CES99_COUNT];  // codes 1 to 7
 
 // fci_4_colours_5nm.cpp: nm, FCI1 ... FCI4.
-constexpr int kFci4Colours5nmRows = 81;
-extern const double kFci4Colours5nm[kFci4Colours5nmRows][5];
+constexpr int FCI4_COLOURS5NM_ROWS = 81;
+extern const double FCI4_COLOURS5NM[FCI4_COLOURS5NM_ROWS][5];
 
 // coi_blood_q100_q50_5nm.cpp: nm, Q100, Q50.
-constexpr int kCoiBlood5nmRows = 77;
-extern const double kCoiBlood5nm[kCoiBlood5nmRows][3];
+constexpr int COI_BLOOD5NM_ROWS = 77;
+extern const double COI_BLOOD5NM[COI_BLOOD5NM_ROWS][3];
 
 // lrc2012_circadian_v_s_mc_2nm.cpp: nm, V, V', V macular, S macular, Mc melanopsin with lens.
-constexpr int kLrc2012Circadian2nmRows = 201;
-extern const double kLrc2012Circadian2nm[kLrc2012Circadian2nmRows][6];
+constexpr int LRC2012_CIRCADIAN2NM_ROWS = 201;
+extern const double LRC2012_CIRCADIAN2NM[LRC2012_CIRCADIAN2NM_ROWS][6];
 
 // well_v1_l2_melanopic_visual_5nm.cpp: nm, melanopic, visual.
-constexpr int kWellV1Melanopic5nmRows = 81;
-extern const double kWellV1Melanopic5nm[kWellV1Melanopic5nmRows][3];
+constexpr int WELL_V1_MELANOPIC5NM_ROWS = 81;
+extern const double WELL_V1_MELANOPIC5NM[WELL_V1_MELANOPIC5NM_ROWS][3];
 
 // kodak_vision3_5207_250d.cpp: stand-in film layer curves, rows of nm, log10 sensitivity.
-constexpr int kKodak5207RedRows = 25;
-extern const double kKodak5207Red[kKodak5207RedRows][2];
-constexpr int kKodak5207GreenRows = 18;
-extern const double kKodak5207Green[kKodak5207GreenRows][2];
-constexpr int kKodak5207BlueRows = 18;
-extern const double kKodak5207Blue[kKodak5207BlueRows][2];
+constexpr int KODAK5207_RED_ROWS = 25;
+extern const double KODAK5207_RED[KODAK5207_RED_ROWS][2];
+constexpr int KODAK5207_GREEN_ROWS = 18;
+extern const double KODAK5207_GREEN[KODAK5207_GREEN_ROWS][2];
+constexpr int KODAK5207_BLUE_ROWS = 18;
+extern const double KODAK5207_BLUE[KODAK5207_BLUE_ROWS][2];
 
 // kodak_vision3_5219_500t.cpp: stand-in film layer curves, rows of nm, log10 sensitivity.
-constexpr int kKodak5219RedRows = 36;
-extern const double kKodak5219Red[kKodak5219RedRows][2];
-constexpr int kKodak5219GreenRows = 30;
-extern const double kKodak5219Green[kKodak5219GreenRows][2];
-constexpr int kKodak5219BlueRows = 26;
-extern const double kKodak5219Blue[kKodak5219BlueRows][2];
+constexpr int KODAK5219_RED_ROWS = 36;
+extern const double KODAK5219_RED[KODAK5219_RED_ROWS][2];
+constexpr int KODAK5219_GREEN_ROWS = 30;
+extern const double KODAK5219_GREEN[KODAK5219_GREEN_ROWS][2];
+constexpr int KODAK5219_BLUE_ROWS = 26;
+extern const double KODAK5219_BLUE[KODAK5219_BLUE_ROWS][2];
 
 }  // namespace lumivar_tables
 

@@ -10,7 +10,7 @@
 
 namespace lumivar_tables {
 
-const double kCie1931Cmf1nm[kCie1931Cmf1nmRows][4] = {
+const double CIE1931_CMF1NM[CIE1931_CMF1NM_ROWS][4] = {
     {360, 0.0001299, 0.000003917, 0.0006061},
     {361, 0.000145847, 0.000004393581, 0.0006808792},
     {362, 0.0001638021, 0.000004929604, 0.0007651456},

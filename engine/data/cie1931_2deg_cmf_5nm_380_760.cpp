@@ -11,7 +11,7 @@
 
 namespace lumivar_tables {
 
-const double kCie1931Cmf5nm[kCie1931Cmf5nmRows][4] = {
+const double CIE1931_CMF5NM[CIE1931_CMF5NM_ROWS][4] = {
     {380, 0.001368, 0.000039, 0.00645},
     {385, 0.002236, 0.000064, 0.01055},
     {390, 0.004243, 0.00012, 0.02005},

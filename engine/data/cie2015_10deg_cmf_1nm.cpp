@@ -10,7 +10,7 @@
 
 namespace lumivar_tables {
 
-const double kCie2015Cmf10deg1nm[kCie2015Cmf10deg1nmRows][4] = {
+const double CIE2015_CMF10DEG1NM[CIE2015_CMF10DEG1NM_ROWS][4] = {
     {390, 0.00295242, 0.0004076779, 0.01318752},
     {391, 0.003577275, 0.0004977769, 0.01597879},
     {392, 0.004332146, 0.0006064754, 0.01935758},

@@ -10,7 +10,7 @@
 
 namespace lumivar_tables {
 
-const double kCie2015Cmf2deg1nm[kCie2015Cmf2deg1nmRows][4] = {
+const double CIE2015_CMF2DEG1NM[CIE2015_CMF2DEG1NM_ROWS][4] = {
     {390, 0.003769647, 0.0004146161, 0.0184726},
     {391, 0.004532416, 0.0005028333, 0.02221101},
     {392, 0.005446553, 0.0006084991, 0.02669819},

@@ -11,7 +11,7 @@
 
 namespace lumivar_tables {
 
-const double kEbu3355Camera5nm[kEbu3355Camera5nmRows][4] = {
+const double EBU3355_CAMERA5NM[EBU3355_CAMERA5NM_ROWS][4] = {
     {380, 0, 0, 0},
     {385, 0, 0, 0.000215},
     {390, 0, 0, 0.000649},

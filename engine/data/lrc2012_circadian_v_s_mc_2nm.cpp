@@ -14,7 +14,7 @@
 
 namespace lumivar_tables {
 
-const double kLrc2012Circadian2nm[kLrc2012Circadian2nmRows][6] = {
+const double LRC2012_CIRCADIAN2NM[LRC2012_CIRCADIAN2NM_ROWS][6] = {
     {380, 3.9e-05, 0.000589, 0, 0, 0.0012091816743},
     {382, 4.6915e-05, 0.000752, 0, 0, 0.001877011409},
     {384, 5.7176e-05, 0.000972, 0, 0, 0.0027106132352},

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "GamutClass.h"
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -17,24 +18,7 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 constexpr double GAI_TOLERANCE = 0.5;
 constexpr double D65_RATIO_TOLERANCE = 0.002;
 
-std::vector<double> readD65OnGrid() {
-    std::ifstream in(std::string(LUMIVAR_TEST_DATA_DIR) + "/cie_illuminants/cie_D65_5nm.txt");
-    std::vector<double> wl, value;
-    std::string line;
-    while (std::getline(in, line)) {
-        std::istringstream fields(line);
-        double nm, v;
-        if (line.empty() || line[0] == '#' || !(fields >> nm >> v)) continue;
-        wl.push_back(nm);
-        value.push_back(v);
-    }
-    std::vector<double> out(N, 0.0);
-    if (!Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), value.data(), 360, 830,
-                                   2, nullptr, out.data())) {
-        out.clear();
-    }
-    return out;
-}
+std::vector<double> readD65OnGrid() { return testutil::loadCIEIlluminant("cie_D65_5nm.txt"); }
 
 // ----------------------------------------------------------------------------------------------
 // R1 to R8 gamut

@@ -5,24 +5,25 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
 
-constexpr int kGrid = Vantrel::NUM_GRID_POINTS;
+constexpr int GRID = Vantrel::NUM_GRID_POINTS;
 // Steps are ratios of distances computed in double precision from closed formulas.
-constexpr double kStepTol = 1e-6;
+constexpr double STEP_TOL = 1e-6;
 
 struct Chromaticity {
     double x, y;
 };
 // White points across the ANSI range plus a bluish and a greenish one.
-const Chromaticity kCentres[] = {
+const Chromaticity CENTRES[] = {
     {0.459, 0.412}, {0.38, 0.38}, {0.3127, 0.329}, {0.25, 0.25}, {0.33, 0.45}};
 
 TEST(MacAdamBinning, PointsOnTheEllipseOfNStepsAreNStepsAway) {
     Vantrel v;
-    for (const Chromaticity& c : kCentres) {
+    for (const Chromaticity& c : CENTRES) {
         for (double steps : {1.0, 3.0}) {
             const int n = 37;
             std::vector<double> xs(n), ys(n);
@@ -30,9 +31,9 @@ TEST(MacAdamBinning, PointsOnTheEllipseOfNStepsAreNStepsAway) {
             v.getMacAdamEllipseArray_xy(n, steps, c.x, c.y, xs.data(), ys.data(), &a, &b, &th, &g11,
                                         &g12, &g22);
             for (int i = 0; i < n; ++i)
-                EXPECT_NEAR(v.getMacAdamForBinning(c.x, c.y, xs[i], ys[i]), steps, kStepTol)
+                EXPECT_NEAR(v.getMacAdamForBinning(c.x, c.y, xs[i], ys[i]), steps, STEP_TOL)
                     << c.x << "," << c.y << " point " << i;
-            EXPECT_NEAR(v.getMacAdamForBinning(n, c.x, c.y, xs.data(), ys.data()), steps, kStepTol);
+            EXPECT_NEAR(v.getMacAdamForBinning(n, c.x, c.y, xs.data(), ys.data()), steps, STEP_TOL);
         }
     }
 }
@@ -46,7 +47,7 @@ TEST(MacAdamBinning, CentreIsZeroStepsAndNoPointsGiveZero) {
 TEST(MacAdamModel, OneStepEllipseIsTheUnitContourOfTheMetric) {
     // g11·dx² + 2·g12·dx·dy + g22·dy² = 1 on the ellipse: a, b and θ agree with g.
     Vantrel v;
-    for (const Chromaticity& c : kCentres) {
+    for (const Chromaticity& c : CENTRES) {
         double a, b, th, g11, g12, g22;
         v.macAdamAll(c.x, c.y, &a, &b, &th, &g11, &g12, &g22);
         EXPECT_EQ(a, v.get_a_ellipse());
@@ -133,21 +134,13 @@ TEST(UpVpSteps, OnePointCountsAsZeroButTwoPointsAreMeasured) {
 
 // --- Circadian ------------------------------------------------------------------------------
 
-std::vector<double> planck(double T) {
-    std::vector<double> s(kGrid);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+std::vector<double> planck(double T) { return testutil::planckSpectrum(T, GRID); }
 
 // Narrow band at nm: a Gaussian of 10 nm sigma on the grid.
-std::vector<double> band(double nm) {
-    std::vector<double> s(kGrid);
-    for (int i = 0; i < kGrid; ++i) s[i] = std::exp(-0.5 * std::pow((360.0 + 2 * i - nm) / 10, 2));
-    return s;
-}
+std::vector<double> band(double nm) { return testutil::gaussianSpectrum(nm, 10.0, 1.0, GRID); }
 
 // The solver stops within 0.0005·CS in lux; the CS it reaches is far closer than 0.5 %.
-constexpr double kCSRelTol = 0.005;
+constexpr double CS_REL_TOL = 0.005;
 
 struct TermsCase {
     double scale, mc, s, v, vPrime, cla, cs;
@@ -155,11 +148,11 @@ struct TermsCase {
 // Worked by hand from the Rea et al. (2012) formula with this program's constants: the first
 // case takes the opponent branch (0.2616·v < s), the second the yellow branch, where the rod
 // term must not appear and scale multiplies mc only.
-const TermsCase kTerms[] = {{1, 0.2, 0.3, 0.4, 0.05, 482.244863374031, 0.40818357702413705},
-                            {2, 0.1, 0.01, 0.4, 0.5, 309.58, 0.32325635058086455}};
+const TermsCase TERMS[] = {{1, 0.2, 0.3, 0.4, 0.05, 482.244863374031, 0.40818357702413705},
+                           {2, 0.1, 0.01, 0.4, 0.5, 309.58, 0.32325635058086455}};
 
 TEST(Circadian, TermsFollowTheCLAAndCSFormulaOnBothBranches) {
-    for (const TermsCase& c : kTerms) {
+    for (const TermsCase& c : TERMS) {
         double cla, cs;
         Vantrel::getCircadianTerms(c.scale, c.mc, c.s, c.v, c.vPrime, &cla, &cs);
         EXPECT_NEAR(cla, c.cla, 1e-9);
@@ -182,17 +175,17 @@ struct CriticalCase {
 };
 // Roots from 45 to 1030 lx: found by halving from 1000 lx, and (4000 K, 0.5) in the bracket
 // 1000 to 1666.67 lx taken when 1000 lx already falls short.
-const CriticalCase kReachable[] = {{2700, 0.1}, {2700, 0.3}, {4000, 0.1}, {4000, 0.3},
-                                   {4000, 0.5}, {6500, 0.3}, {6500, 0.6}};
+const CriticalCase REACHABLE[] = {{2700, 0.1}, {2700, 0.3}, {4000, 0.1}, {4000, 0.3},
+                                  {4000, 0.5}, {6500, 0.3}, {6500, 0.6}};
 
 TEST(Circadian, CriticalIlluminanceReproducesTheTargetStimulus) {
     Vantrel v;
-    for (const CriticalCase& c : kReachable) {
+    for (const CriticalCase& c : REACHABLE) {
         std::vector<double> s = planck(c.kelvin);
         double lux = -1, cla, cs;
         ASSERT_TRUE(v.getCircadianCritical(s.data(), c.targetCS, &lux)) << c.kelvin;
         ASSERT_TRUE(v.getCircadian_CLA(s.data(), lux, &cla, &cs));
-        EXPECT_NEAR(cs, c.targetCS, kCSRelTol * c.targetCS) << c.kelvin << " K at " << lux;
+        EXPECT_NEAR(cs, c.targetCS, CS_REL_TOL * c.targetCS) << c.kelvin << " K at " << lux;
     }
 }
 
@@ -217,12 +210,12 @@ TEST(Circadian, CriticalRefusesTargetsOutsideTheOpenRangeAndSilentReceptors) {
     EXPECT_FALSE(v.getCircadianCritical(s.data(), 1.0, &lux));
     EXPECT_TRUE(v.getCircadianCritical(s.data(), 0.0101, &lux));
     // Deep red from 720 nm reaches neither the S cones nor melanopsin.
-    std::vector<double> red(kGrid, 0.0);
-    for (int i = (720 - 360) / 2; i < kGrid; ++i) red[i] = 1.0;
+    std::vector<double> red(GRID, 0.0);
+    for (int i = (720 - 360) / 2; i < GRID; ++i) red[i] = 1.0;
     EXPECT_FALSE(v.getCircadianCritical(red.data(), 0.3, &lux));
     double cla, cs;
     EXPECT_FALSE(v.getCircadian_CLA(red.data(), 500, &cla, &cs));
-    std::vector<double> dark(kGrid, 0.0);
+    std::vector<double> dark(GRID, 0.0);
     EXPECT_FALSE(v.getCircadianCritical(dark.data(), 0.3, &lux));
 }
 
@@ -244,18 +237,18 @@ TEST(Circadian, YellowSourceStimulusRisesSmoothlyWithIlluminance) {
 
 TEST(Melanopic, DarkSpectrumGivesMinusOneForWellAndZeroForEML) {
     Vantrel v;
-    std::vector<double> dark(kGrid, 0.0);
+    std::vector<double> dark(GRID, 0.0);
     EXPECT_EQ(v.getWellBuildingMelanopicRatio(dark.data()), -1.0);
     EXPECT_EQ(v.getNormalizedEML(dark.data()), 0.0);
 }
 
 TEST(Melanopic, RatiosArePlainSumsScaledBy1218AndBlueRaisesThem) {
     Vantrel v;
-    std::vector<double> mel(kGrid), vis(kGrid);
+    std::vector<double> mel(GRID), vis(GRID);
     v.get_Well_Buillding_Melanopic_and_Visual_curves(mel.data(), vis.data());
     std::vector<double> s = planck(5000);
     double sm = 0, sv = 0;
-    for (int i = 0; i < kGrid; ++i) {
+    for (int i = 0; i < GRID; ++i) {
         sm += s[i] * mel[i];
         sv += s[i] * vis[i];
     }

@@ -10,29 +10,17 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 #include "VantrelData.h"
 
 namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 using Spectrum = std::vector<double>;
-const std::string kDataDir = std::string(LUMIVAR_TEST_DATA_DIR) + "/cie_illuminants/";
 
-// A CIE illuminant table ("#" comments, a header, then nm and value) on the engine's grid.
 Spectrum loadIlluminant(const std::string& file) {
-    std::ifstream in(kDataDir + file);
-    std::vector<double> wl, value;
-    std::string line;
-    while (std::getline(in, line)) {
-        double nm, v;
-        if (line.empty() || line[0] == '#' || !(std::istringstream(line) >> nm >> v)) continue;
-        wl.push_back(nm);
-        value.push_back(v);
-    }
-    Spectrum out(N);
-    EXPECT_TRUE(Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), value.data(), 360,
-                                          830, 2, nullptr, out.data()))
-        << file;
+    Spectrum out = testutil::loadCIEIlluminant(file);
+    EXPECT_EQ(out.size(), static_cast<std::size_t>(N)) << file;
     return out;
 }
 
@@ -45,11 +33,7 @@ Spectrum line(double nm) {
     return s;
 }
 
-Spectrum planck(double T) {
-    Spectrum s(N);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+Spectrum planck(double T) { return testutil::planckSpectrum(T); }
 
 Spectrum daylight(const Vantrel& v, double T) {
     Spectrum s(N);
@@ -131,8 +115,8 @@ TEST(FeelingOfContrast, IsAbout100ForD65AndIndependentOfTheLevel) {
     const double fci = v.getFCI();
     // 100 by construction; the 5 nm table on the 2 nm grid and the rounded normaliser (5268.0)
     // leave a few tenths (99.83 measured).
-    constexpr double kNormalisation = 0.3;
-    EXPECT_NEAR(fci, 100.0, kNormalisation);
+    constexpr double NORMALISATION = 0.3;
+    EXPECT_NEAR(fci, 100.0, NORMALISATION);
     // The colours are scaled to 100/Y of the source, so brightness must not matter.
     v.calcFCI(scaled(d65, 37.0).data());
     EXPECT_NEAR(v.getFCI(), fci, 1e-9);
@@ -187,13 +171,13 @@ TEST(FullSpectrumIndex, ClampsAtItsLimitsAndKeepsTheMinusOneStart) {
         {"4000 K Planck", planck(4000), -1, -1},
     };
     // Same sums in a different order: a few units in the last place.
-    constexpr double kRounding = 1e-9;
+    constexpr double ROUNDING = 1e-9;
     for (const FsiCase& c : cases) {
         v.calculateFullSpectrumIndicies(c.s.data());
         const double fsi = c.fsi >= 0 ? c.fsi : fullSpectrumIndex(c.s);
-        EXPECT_NEAR(v.getFSI(), fsi, kRounding) << c.name;
+        EXPECT_NEAR(v.getFSI(), fsi, ROUNDING) << c.name;
         const double fsci = c.fsci >= 0 ? c.fsci : 100.0 - 5.1 * fsi;
-        EXPECT_NEAR(v.getFSCI(), fsci, kRounding) << c.name;
+        EXPECT_NEAR(v.getFSCI(), fsci, ROUNDING) << c.name;
     }
 }
 
@@ -202,8 +186,8 @@ TEST(FullSpectrumIndex, ClampsAtItsLimitsAndKeepsTheMinusOneStart) {
 TEST(CyanosisObservation, IsNearZeroForItsPlanckianReferenceAndPositiveElsewhere) {
     Vantrel v;
     // The fixed blood colours are those under a 4000 K Planckian radiator (to two decimals).
-    constexpr double kRoundedConstants = 0.01;
-    EXPECT_NEAR(v.getCOI(planck(4000).data()), 0.0, kRoundedConstants);  // 0.0073 measured
+    constexpr double ROUNDED_CONSTANTS = 0.01;
+    EXPECT_NEAR(v.getCOI(planck(4000).data()), 0.0, ROUNDED_CONSTANTS);  // 0.0073 measured
     EXPECT_GT(v.getCOI(loadIlluminant("cie_F2_5nm.txt").data()), 3.3);   // 14.87 measured
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -14,12 +15,7 @@ constexpr int NS = Vantrel::NUM_SAMPLES;
 const double PERFECT_Q = 10.0 * std::log(std::exp(10.0) + 1.0);
 
 std::vector<double> gaussian(double peakNm, double sigmaNm) {
-    std::vector<double> s(N);
-    for (int i = 0; i < N; ++i) {
-        const double d = (360.0 + 2.0 * i - peakNm) / sigmaNm;
-        s[i] = std::exp(-0.5 * d * d);
-    }
-    return s;
+    return testutil::gaussianSpectrum(peakNm, sigmaNm);
 }
 
 // The CQS colour difference of a sample back from its score.

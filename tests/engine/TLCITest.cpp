@@ -10,18 +10,19 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
 constexpr int N = Vantrel::NUM_GRID_POINTS;
 constexpr int N5 = VantrelData::NUM_TLCI;
-constexpr int kPatches = 24;
-constexpr int kScored = 18;
-constexpr int kSectors = 12;
-constexpr int kUnknown = -1000;
-constexpr double kExact = 1e-9;
-constexpr double kSpectrumTol = 1e-12;
-const std::string kDataDir = std::string(LUMIVAR_TEST_DATA_DIR) + "/";
+constexpr int PATCHES = 24;
+constexpr int SCORED = 18;
+constexpr int SECTORS = 12;
+constexpr int UNKNOWN = -1000;
+constexpr double EXACT = 1e-9;
+constexpr double SPECTRUM_TOL = 1e-12;
+const std::string DATA_DIR = std::string(LUMIVAR_TEST_DATA_DIR) + "/";
 
 using Spectrum = std::vector<double>;
 
@@ -37,27 +38,9 @@ Spectrum gaussians(const std::vector<std::vector<double>>& peaks) {
     return s;
 }
 
-Spectrum planck(double T) {
-    Spectrum s(N);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+Spectrum planck(double T) { return testutil::planckSpectrum(T); }
 
-// A CIE table ('#' lines, then "nm<TAB>value") resampled to the 2 nm grid.
-Spectrum illuminant(const std::string& file) {
-    std::ifstream in(kDataDir + "cie_illuminants/" + file);
-    std::vector<double> wl, v;
-    std::string line;
-    while (std::getline(in, line)) {
-        std::istringstream row(line);
-        double a, b;
-        if (line[0] != '#' && row >> a >> b) wl.push_back(a), v.push_back(b);
-    }
-    Spectrum s(N);
-    Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), v.data(), 360, 830, 2,
-                              nullptr, s.data());
-    return s;
-}
+Spectrum illuminant(const std::string& file) { return testutil::loadCIEIlluminant(file); }
 
 // "gauss:h,nm,sigma;..." or a file name.
 Spectrum spectrumOf(const std::string& name) {
@@ -75,10 +58,10 @@ Spectrum spectrumOf(const std::string& name) {
 
 struct QaRun {
     double qa = 0;
-    double rgb[3][2][kPatches] = {};
+    double rgb[3][2][PATCHES] = {};
     double reference[N5] = {};
-    int sectors[kSectors][3] = {};
-    bool inGamut[kPatches] = {};
+    int sectors[SECTORS][3] = {};
+    bool inGamut[PATCHES] = {};
     std::string trace;
 };
 
@@ -86,8 +69,8 @@ QaRun run(const Spectrum& test, const Spectrum* reference, double cct) {
     QaRun r;
     double* rows[3][2];
     for (int c = 0; c < 3; ++c) rows[c][0] = r.rgb[c][0], rows[c][1] = r.rgb[c][1];
-    int* sectorRows[kSectors];
-    for (int k = 0; k < kSectors; ++k) sectorRows[k] = r.sectors[k];
+    int* sectorRows[SECTORS];
+    for (int k = 0; k < SECTORS; ++k) sectorRows[k] = r.sectors[k];
     FILE* f = std::tmpfile();
     Vantrel v;
     r.qa = v.getQa_TLCI_2012(test.data(), reference ? reference->data() : nullptr, cct, rows[0],
@@ -125,21 +108,21 @@ TEST(TLCIQa, TestEqualToItsReferenceScores100WithNoColourDifference) {
     for (const Spectrum& s :
          {planck(3200), illuminant("cie_F2_5nm.txt"), gaussians({{1, 450, 10}, {0.8, 560, 60}})}) {
         const QaRun r = run(s, &s, 0);
-        EXPECT_NEAR(r.qa, 100.0, kExact);
+        EXPECT_NEAR(r.qa, 100.0, EXACT);
         const auto rows = colourRows(r.trace);
-        ASSERT_EQ(rows.size(), static_cast<size_t>(kScored));
+        ASSERT_EQ(rows.size(), static_cast<size_t>(SCORED));
         for (const auto& row : rows) EXPECT_EQ(lastCell(row), 0.0) << "dE of colour " << row[0];
         for (int c = 0; c < 3; ++c) {
-            for (int p = 0; p < kPatches; ++p) EXPECT_EQ(r.rgb[c][0][p], r.rgb[c][1][p]) << p;
+            for (int p = 0; p < PATCHES; ++p) EXPECT_EQ(r.rgb[c][0][p], r.rgb[c][1][p]) << p;
         }
         for (const auto& sector : r.sectors) {
-            for (int v : sector) EXPECT_TRUE(v == 0 || v == kUnknown) << v;
+            for (int v : sector) EXPECT_TRUE(v == 0 || v == UNKNOWN) << v;
         }
     }
 }
 
 TEST(TLCIQa, ReproducesPublishedValues) {
-    std::ifstream in(kDataDir + "tlci_published.tsv");
+    std::ifstream in(DATA_DIR + "tlci_published.tsv");
     ASSERT_TRUE(in) << "test table missing";
     std::string line;
     int rows = 0;
@@ -173,7 +156,7 @@ TEST(TLCIReference, PlanckBelow3400DaylightAbove5000AndAMixBetween) {
         for (int i = 0; i < N5; ++i) {
             const double want = c.daylightShare * d5000[i] / d5000[36] +
                                 (1 - c.daylightShare) * p3400[i] / p3400[36];
-            ASSERT_NEAR(r.reference[i], want, kSpectrumTol) << c.cct << " K, index " << i;
+            ASSERT_NEAR(r.reference[i], want, SPECTRUM_TOL) << c.cct << " K, index " << i;
         }
     }
     // Outside the mix the reference is the CIE formula's own, relative to 560 nm.
@@ -185,7 +168,7 @@ TEST(TLCIReference, PlanckBelow3400DaylightAbove5000AndAMixBetween) {
             Vantrel::getSyntheticDaylight_TLCI(S0, S1, S2, own, cct);
         }
         const QaRun r = run(test, nullptr, cct);
-        for (int i = 0; i < N5; ++i) ASSERT_NEAR(r.reference[i], own[i] / own[36], kSpectrumTol);
+        for (int i = 0; i < N5; ++i) ASSERT_NEAR(r.reference[i], own[i] / own[36], SPECTRUM_TOL);
     }
 }
 
@@ -195,9 +178,9 @@ TEST(TLCIGamut, AReferenceThatCannotShowAnyPatchFailsTheScoreAndEverySector) {
     const Spectrum reference = gaussians({{1, 520, 4}, {-1, 560, 4}});
     const QaRun r = run(planck(5000), &reference, 0);
     EXPECT_EQ(r.qa, Vantrel::TLCI_FAILED);
-    for (int p = 0; p < kPatches; ++p) EXPECT_EQ(r.inGamut[p], p >= kScored) << p;
+    for (int p = 0; p < PATCHES; ++p) EXPECT_EQ(r.inGamut[p], p >= SCORED) << p;
     for (const auto& sector : r.sectors) {
-        for (int v : sector) EXPECT_EQ(v, kUnknown);
+        for (int v : sector) EXPECT_EQ(v, UNKNOWN);
     }
 }
 
@@ -209,7 +192,7 @@ TEST(TLCIGamut, OnlyTheReferenceDecides) {
     const Spectrum white = planck(5000);
     const QaRun asReference = run(white, &lines, 0);
     const QaRun asTest = run(lines, &white, 0);
-    for (int p = 0; p < kPatches; ++p) {
+    for (int p = 0; p < PATCHES; ++p) {
         EXPECT_EQ(asReference.inGamut[p], p != yellow) << p;
         EXPECT_TRUE(asTest.inGamut[p]) << p;
     }
@@ -223,24 +206,24 @@ TEST(TLCISectors, FiguresFollowTheTracedDifferences) {
     const QaRun r = run(poor, nullptr, 6900);
     const auto rows = colourRows(r.trace);
     const auto lines = split(r.trace, '\n');
-    double sum[kSectors][3] = {};
-    int n[kSectors] = {};
-    for (int p = 0; p < kScored; ++p) {
-        const auto cells = split(lines[lines.size() - kScored - 1 + p], '\t');
+    double sum[SECTORS][3] = {};
+    int n[SECTORS] = {};
+    for (int p = 0; p < SCORED; ++p) {
+        const auto cells = split(lines[lines.size() - SCORED - 1 + p], '\t');
         ASSERT_TRUE(r.inGamut[p]);
         int k = 0;
         char name[4];
-        for (; k < kSectors; ++k) {
+        for (; k < SECTORS; ++k) {
             Vantrel::getTLCI_2012_hue_name_4_char(k, name);
             if (cells[1] == std::string(name, 3)) break;
         }
-        ASSERT_LT(k, kSectors) << cells[1];
+        ASSERT_LT(k, SECTORS) << cells[1];
         ++n[k];
         for (int c = 0; c < 3; ++c) sum[k][c] += std::stod(rows[p][rows[p].size() - 4 + c]);
     }
     int beyond = 0, inRange = 0;
-    for (int k = 0; k < kSectors; ++k) {
-        const int a = (k + kSectors - 1) % kSectors, b = (k + 1) % kSectors;
+    for (int k = 0; k < SECTORS; ++k) {
+        const int a = (k + SECTORS - 1) % SECTORS, b = (k + 1) % SECTORS;
         for (int c = 0; c < 3; ++c) {
             double v = 1000.0;
             if (n[k] > 0) v = 6.0 * sum[k][c] / n[k] / 3.16;
@@ -250,7 +233,7 @@ TEST(TLCISectors, FiguresFollowTheTracedDifferences) {
             const int t = static_cast<int>(v);
             beyond += std::abs(t) > 15;
             inRange += std::abs(t) <= 15 && t != 0;
-            EXPECT_EQ(r.sectors[k][c], std::abs(t) > 15 ? kUnknown : -t) << k << "," << c;
+            EXPECT_EQ(r.sectors[k][c], std::abs(t) > 15 ? UNKNOWN : -t) << k << "," << c;
         }
     }
     // The poor two-band source reaches both branches.
@@ -286,7 +269,7 @@ TEST(TLCISectors, AColourWithoutANumberFallsInTheGreySector) {
 TEST(TLCISectors, HueNames) {
     const char* names[] = {"R", "R/Y", "Y", "Y/G", "G", "G/C", "C", "C/B", "B", "B/M", "M", "M/R"};
     char name[4];
-    for (int k = 0; k < kSectors; ++k) {
+    for (int k = 0; k < SECTORS; ++k) {
         Vantrel::getTLCI_2012_hue_name_4_char(k, name);
         EXPECT_STREQ(name, names[k]);
     }
@@ -304,7 +287,7 @@ TEST(TLCIColourOffset, DuvUnitsWithTheAllowanceBetween4000And5000) {
                  {4000, 0.00541, 1},  {5000, -0.01082, -2},  {3000, 0.002705, 0.5},
                  {6500, -0.00541, -1}};
     for (const auto& c : cases) {
-        EXPECT_NEAR(Vantrel::getD_TLCI_2012(c.cct, c.duv), c.d, kExact) << c.cct << " " << c.duv;
+        EXPECT_NEAR(Vantrel::getD_TLCI_2012(c.cct, c.duv), c.d, EXACT) << c.cct << " " << c.duv;
     }
 }
 
@@ -329,16 +312,16 @@ TEST(TLCITrace, HeadersRowsAndColumnsLineUp) {
     EXPECT_EQ(header[37], "X[t]");
     EXPECT_EQ(header.back(), "dE*");
     const auto rows = colourRows(r.trace);
-    ASSERT_EQ(rows.size(), static_cast<size_t>(kScored));
-    for (int p = 0; p < kScored; ++p) {
+    ASSERT_EQ(rows.size(), static_cast<size_t>(SCORED));
+    for (int p = 0; p < SCORED; ++p) {
         EXPECT_EQ(rows[p].size(), header.size()) << "colour " << p + 1;
         EXPECT_EQ(rows[p][0], std::to_string(p + 1));
     }
-    const size_t qa = 83 + kScored + 2;
+    const size_t qa = 83 + SCORED + 2;
     EXPECT_EQ(lines[qa - 2] + lines[qa - 1], "");
     char expected[64];
     std::snprintf(expected, sizeof expected, "Qa =\t%.6le", r.qa);
     EXPECT_EQ(lines[qa], expected);
     EXPECT_EQ(lines[qa + 2], "Color\tSector\tdE*\tQ");
-    EXPECT_EQ(lines.size(), qa + 3 + kScored + 1);  // the trace ends with a newline
+    EXPECT_EQ(lines.size(), qa + 3 + SCORED + 1);  // the trace ends with a newline
 }

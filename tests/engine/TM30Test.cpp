@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -21,7 +22,7 @@ const double PERFECT_RF = 10.0 * std::log(std::exp(10.0) + 1.0);
 // Identical arithmetic on both sides but in a different order (sums of 99 terms, a shoelace of
 // 16 points): a few units in the last place.
 constexpr double ROUNDING = 1e-9;
-constexpr double kPi = 3.14159265358979323846;
+constexpr double PI_15_DIGITS = 3.14159265358979323846;
 
 using Rows = std::vector<std::vector<double>>;
 
@@ -35,18 +36,8 @@ std::vector<double> referenceSpectrum(const Vantrel& v, double cct) {
 
 // A CIE illuminant table ("#" comments, a header, then nm and value) on the program's grid.
 std::vector<double> loadIlluminant(const std::string& file) {
-    std::ifstream in(DATA_DIR + "cie_illuminants/" + file);
-    std::vector<double> wl, value, out(N);
-    std::string line;
-    while (std::getline(in, line)) {
-        double nm, v;
-        if (line.empty() || line[0] == '#' || !(std::istringstream(line) >> nm >> v)) continue;
-        wl.push_back(nm);
-        value.push_back(v);
-    }
-    EXPECT_TRUE(Vantrel::resampleSpectrum(static_cast<int>(wl.size()), wl.data(), value.data(), 360,
-                                          830, 2, nullptr, out.data()))
-        << file;
+    std::vector<double> out = testutil::loadCIEIlluminant(file);
+    EXPECT_EQ(out.size(), static_cast<std::size_t>(N)) << file;
     return out;
 }
 
@@ -321,12 +312,12 @@ TEST(TM30Graphics, PatchColoursOfKnownStimuli) {
 TEST(TM30Graphics, PolygonAreaIsTheShoelaceOfTheClosedPolygon) {
     double table[NB][Vantrel::TM30_BIN_COLUMNS] = {};
     for (int i = 0; i < NB; ++i) {  // regular 16-gon of radius 2 in columns 3, 4; reversed in 1, 2
-        table[i][3] = 2.0 * std::cos(2.0 * kPi * i / NB);
-        table[i][4] = 2.0 * std::sin(2.0 * kPi * i / NB);
+        table[i][3] = 2.0 * std::cos(2.0 * PI_15_DIGITS * i / NB);
+        table[i][4] = 2.0 * std::sin(2.0 * PI_15_DIGITS * i / NB);
         table[i][1] = table[i][3];
         table[i][2] = -table[i][4];
     }
-    const double area = 0.5 * NB * 4.0 * std::sin(2.0 * kPi / NB);
+    const double area = 0.5 * NB * 4.0 * std::sin(2.0 * PI_15_DIGITS / NB);
     EXPECT_NEAR(Vantrel::polygonArea(table, 3, 4, NB), area, ROUNDING);
     EXPECT_NEAR(Vantrel::polygonArea(table, 1, 2, NB), area, ROUNDING);
     const double square[4][2] = {{0, 0}, {2, 0}, {2, 2}, {0, 2}};  // columns 9, 10, rows 0 to 3
@@ -340,8 +331,8 @@ TEST(TM30Graphics, BinsFollowTheReferenceHueAndDrawTheUnitCircle) {
     runOn(v, loadIlluminant("cie_F2_5nm.txt"));
     int expected[NB] = {};
     for (int j = 0; j < NC; ++j) {
-        double h =
-            std::atan2(v.getTM30JabValues(j, 1, 2), v.getTM30JabValues(j, 1, 1)) * 180.0 / kPi;
+        double h = std::atan2(v.getTM30JabValues(j, 1, 2), v.getTM30JabValues(j, 1, 1)) * 180.0 /
+                   PI_15_DIGITS;
         if (h < 0) h += 360.0;
         ++expected[static_cast<int>(h / 22.5)];
     }
@@ -351,8 +342,9 @@ TEST(TM30Graphics, BinsFollowTheReferenceHueAndDrawTheUnitCircle) {
         EXPECT_EQ(v.getTM30NumInHueBin(bin), expected[bin]) << bin;
         EXPECT_NEAR(x[bin] * x[bin] + y[bin] * y[bin], 1.0, ROUNDING) << bin;
         double angle = std::atan2(y[bin], x[bin]);
-        if (angle < 0) angle += 2.0 * kPi;
-        EXPECT_NEAR(angle, (bin + 0.5) * 2.0 * kPi / NB, kPi / NB) << bin;  // inside its bin
+        if (angle < 0) angle += 2.0 * PI_15_DIGITS;
+        EXPECT_NEAR(angle, (bin + 0.5) * 2.0 * PI_15_DIGITS / NB, PI_15_DIGITS / NB)
+            << bin;  // inside its bin
     }
     v.getTM30HueRGB(r, g, b);
     EXPECT_EQ(r[0] + g[0] + b[0], 154 + 82 + 92);

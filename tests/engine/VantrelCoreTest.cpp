@@ -3,11 +3,13 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <limits>
 #include <string>
 #include <vector>
 
+#include "TestSpectra.h"
 #include "Vantrel.h"
 
 namespace {
@@ -15,11 +17,7 @@ constexpr int N = Vantrel::NUM_GRID_POINTS;
 
 int gridIndex(double nm) { return static_cast<int>((nm - 360.0) / 2.0 + 0.5); }
 
-std::vector<double> blackBody(double T) {
-    std::vector<double> s(N);
-    Vantrel::getBlackBody(s.data(), T);
-    return s;
-}
+std::vector<double> blackBody(double T) { return testutil::planckSpectrum(T); }
 }  // namespace
 
 TEST(VantrelObserver, OutOfRangeIndexSelectsTheCie1931Observer) {
@@ -238,4 +236,29 @@ TEST(VantrelPrint, CoefficientFilesAreWrittenAndTheObserverRestored) {
     }
     fs::current_path(saved);
     fs::remove_all(dir);
+}
+
+TEST(VantrelAccessors, TheNamedGettersReportTheLastRun) {
+    // F2 lies off the Planck locus: the CRI reference sits at its CCT on the locus, so the
+    // distance of the two in uv is the Duv; u and v follow from x, y by CIE 1960.
+    const std::vector<double> f2 = testutil::loadCIEIlluminant("cie_F2_5nm.txt");
+    ASSERT_EQ(f2.size(), static_cast<std::size_t>(N));
+    Vantrel v;
+    v.calcAll(f2.data(), false, false);
+    const double x = v.getXcoord(), y = v.getYcoord();
+    EXPECT_NEAR(v.getUcoord(), 4 * x / (-2 * x + 12 * y + 3), 1e-12);
+    EXPECT_NEAR(v.getVcoord(), 6 * y / (-2 * x + 12 * y + 3), 1e-12);
+    EXPECT_GT(std::fabs(v.getDeltaUVPlanck()), 1e-3);
+    EXPECT_NEAR(std::fabs(v.getDeltaUV_cri()), std::fabs(v.getDeltaUVPlanck()), 1e-4);
+    // The versions and counts the windows print.
+    EXPECT_EQ(Vantrel::getCQSmajorVersion(), 9);
+    EXPECT_EQ(Vantrel::getCQSminorVersion(), 1);
+    EXPECT_EQ(Vantrel::getNumColors_TLCI_2012(), VantrelData::NUM_COLOR_CHECKER);
+    // The user-colour form of the TM-30 patches gives the patches of the CES.
+    v.calculate_TM30(v.getDeltaUVPlanck(), v.getCCT(), f2.data());
+    int a[Vantrel::NUM_CES][2][3] = {}, b[Vantrel::NUM_CES][2][3] = {};
+    v.getTM30PatchColors(Vantrel::NUM_CES, a);
+    EXPECT_GT(a[0][0][0] + a[0][0][1] + a[0][0][2], 0) << "patches were drawn";
+    v.getTM30PatchColorsUser(Vantrel::NUM_CES, b);
+    EXPECT_EQ(std::memcmp(a, b, sizeof(a)), 0);
 }

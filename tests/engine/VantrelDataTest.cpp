@@ -21,22 +21,22 @@ using GridB = std::array<double, VantrelData::NUM_TLCI>;
 constexpr int at(int nm) { return (nm - 360) / 2; }
 
 // Marks cells a filler must leave alone.
-constexpr double kUntouched = -7.0;
+constexpr double UNTOUCHED = -7.0;
 
 // Copied or linearly interpolated values, relative to max(1, |value|): room for a few ULPs of
 // rounding, while neighbouring rows of every table differ by more than 1e-9.
-constexpr double kValueTol = 1e-12;
+constexpr double VALUE_TOL = 1e-12;
 // The program's CCT-table values differ from ours by up to 5.2e-6 (its CMF tables differ from
 // CIE's in the last digits); 1e-5 still catches a wrong c2, observer or grid (> 1e-4).
-constexpr double kCctUvTol = 1e-5;
+constexpr double CCT_UV_TOL = 1e-5;
 // Black-body x, y: the 1931 reference values are printed to 6 decimals (rounding up to 5e-7);
 // measured residuals are <= 2.8e-7 (1931) and 4e-10 (2015 10deg). Plain sums instead of the
 // engine's end-point rule miss the 1931 10000 K y by 1.2e-6, a wrong c2 by far more.
-constexpr double kBlackBodyTol = 5e-7;
+constexpr double BLACK_BODY_TOL = 5e-7;
 // EBU Tech 3355 prints each camera column to 6 decimals with a sum of 1.000000.
-constexpr double kCameraSumTol = 1e-6;
+constexpr double CAMERA_SUM_TOL = 1e-6;
 // The CCT table's mired values are stated to 8 decimals.
-constexpr double kMiredTol = 1e-8;
+constexpr double MIRED_TOL = 1e-8;
 
 // One curve on grid A from a filler writing N curves; the adapters below hand the pointers on.
 using Curve = std::function<Grid()>;
@@ -124,7 +124,7 @@ TEST(VantrelData, CurvesHoldTheirPublishedValuesAndAreZeroOutsideTheirRange) {
     for (const CurveCase& c : cases) {
         const Grid values = c.curve();
         for (const auto& [nm, value] : c.points) {
-            const double tolerance = kValueTol * std::max(1.0, std::fabs(value));
+            const double tolerance = VALUE_TOL * std::max(1.0, std::fabs(value));
             EXPECT_NEAR(values[at(nm)], value, tolerance) << c.name << " at " << nm << " nm";
         }
     }
@@ -164,7 +164,7 @@ TEST(VantrelData, TlciTablesAreEbuTech3355OnGridB) {
     for (const GridB& column : camera) {
         double sum = 0;
         for (double value : column) sum += value;
-        EXPECT_NEAR(sum, 1.0, kCameraSumTol);
+        EXPECT_NEAR(sum, 1.0, CAMERA_SUM_TOL);
     }
 
     std::vector<GridB> patches(VantrelData::NUM_COLOR_CHECKER);
@@ -221,10 +221,10 @@ TEST(VantrelData, BlackBodyLinesMatchTheProgramsEndPoints) {
         (VantrelData().*c.fill)(&count4000K, &count5000K, x.data(), y.data());
         EXPECT_EQ(count4000K, 301);
         EXPECT_EQ(count5000K, 401);
-        EXPECT_NEAR(x.front(), c.x1000, kBlackBodyTol);
-        EXPECT_NEAR(y.front(), c.y1000, kBlackBodyTol);
-        EXPECT_NEAR(x.back(), c.x10000, kBlackBodyTol);
-        EXPECT_NEAR(y.back(), c.y10000, kBlackBodyTol);
+        EXPECT_NEAR(x.front(), c.x1000, BLACK_BODY_TOL);
+        EXPECT_NEAR(y.front(), c.y1000, BLACK_BODY_TOL);
+        EXPECT_NEAR(x.back(), c.x10000, BLACK_BODY_TOL);
+        EXPECT_NEAR(y.back(), c.y10000, BLACK_BODY_TOL);
         for (size_t k = 1; k < x.size(); ++k) ASSERT_LT(x[k], x[k - 1]) << "point " << k;
     }
 }
@@ -232,11 +232,11 @@ TEST(VantrelData, BlackBodyLinesMatchTheProgramsEndPoints) {
 TEST(VantrelData, LocusRowsAreAppendedAfterTheGivenCount) {
     constexpr int offset = 5;
     const VantrelData data;
-    std::vector<double> X(offset + VantrelData::NUM_LOCUS, kUntouched), Y(X), Z(X);
+    std::vector<double> X(offset + VantrelData::NUM_LOCUS, UNTOUCHED), Y(X), Z(X);
     int count = offset;
     data.getHorseShoeData_xy(&count, X.data(), Y.data(), Z.data());
     EXPECT_EQ(count, offset + VantrelData::NUM_LOCUS);
-    EXPECT_EQ(X[offset - 1], kUntouched);
+    EXPECT_EQ(X[offset - 1], UNTOUCHED);
     EXPECT_DOUBLE_EQ(X[offset], 0.0001299);
     EXPECT_DOUBLE_EQ(Y[offset], 0.000003917);
     EXPECT_DOUBLE_EQ(Y[offset + 194], 0.9997482);  // 554 nm
@@ -263,7 +263,7 @@ TEST(VantrelData, EyeCurveContinuesGeometricallyFromYBarAt830To1050Nm) {
     const double ratio = curve[236] / curve[235];
     for (int i = 236; i < VantrelData::NUM_GRID_IR; ++i) {
         ASSERT_LT(curve[i], curve[i - 1]) << "index " << i;
-        EXPECT_NEAR(curve[i] / curve[i - 1], ratio, kValueTol) << "index " << i;
+        EXPECT_NEAR(curve[i] / curve[i - 1], ratio, VALUE_TOL) << "index " << i;
     }
 }
 
@@ -280,15 +280,15 @@ TEST(VantrelData, CctTableHoldsPlanckPointsAtFixedMiredRows) {
                                                 {23, 83.33333333},
                                                 {24, 40},
                                                 {25, 1}};
-    for (const auto& [row, mired] : fixedRows) EXPECT_NEAR(urd[row], mired, kMiredTol) << row;
+    for (const auto& [row, mired] : fixedRows) EXPECT_NEAR(urd[row], mired, MIRED_TOL) << row;
     for (int r = 1; r < VantrelData::NUM_CCT_TABLE; ++r) EXPECT_LT(urd[r], urd[r - 1]) << r;
     EXPECT_EQ(urd10, urd);
 
-    EXPECT_NEAR(u10[0], 0.442405393275272, kCctUvTol);
-    EXPECT_NEAR(v10[0], 0.355356982668493, kCctUvTol);
-    EXPECT_NEAR(u[25], 0.180120146759528, kCctUvTol);
-    EXPECT_NEAR(v[25], 0.263744261311125, kCctUvTol);
-    EXPECT_NEAR(v10[25], 0.266541211678617, kCctUvTol);
+    EXPECT_NEAR(u10[0], 0.442405393275272, CCT_UV_TOL);
+    EXPECT_NEAR(v10[0], 0.355356982668493, CCT_UV_TOL);
+    EXPECT_NEAR(u[25], 0.180120146759528, CCT_UV_TOL);
+    EXPECT_NEAR(v[25], 0.263744261311125, CCT_UV_TOL);
+    EXPECT_NEAR(v10[25], 0.266541211678617, CCT_UV_TOL);
 }
 
 }  // namespace

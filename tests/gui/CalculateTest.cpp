@@ -11,7 +11,9 @@
 
 #include "AppConstants.h"
 #include "ArgbColor.h"
+#include "GaussianSpectrum.h"
 #include "MainWindowFixture.h"
+#include "ReadWriteUserSpectra.h"
 
 namespace {
 
@@ -476,6 +478,34 @@ TEST_F(Calculate, AGaussianPeakIsTypedIntoTheTableAndCalculated) {
     ASSERT_EQ(script.shown.size(), 1u);
     EXPECT_EQ(script.shown[0].title, "Replace data");
     EXPECT_EQ(std::string(table->getItemText(95, 1).text()), "7.000e+00");
+}
+
+TEST_F(Calculate, TheAutomaticPeakSetAsksOnceAndSavesEveryPeakToMatchAgainst) {
+    gui->getInputTable(RANGE_360_830_2NM)->setItemText(95, 1, "7.000e+00");
+    script.answers = {MBOX_CLICKED_YES};
+    const int made = gui->autoGenerateGaussianPeaks();
+    EXPECT_EQ(made, static_cast<int>(autoGaussianPeaks().size()));
+    ASSERT_EQ(script.shown.size(), 1u) << "one question for the whole set";
+    EXPECT_EQ(script.shown[0].title, "Replace data");
+    std::vector<ledTypeStruct> saved(made + 1);
+    const ReadWriteUserSpectra library(true, true, 0, saved.data(),
+                                       (folder / "userSpectra.spec").string(), LIBRARY_SPECTRA);
+    ASSERT_EQ(library.getNumUserData(), made);
+    // The picker of the Matching menu makes one of them the matching curve: "460 nm peak 60
+    // FWHM" is the sixth (450 nm with four widths, then 460 nm at 20 and 60 nm).
+    EXPECT_STREQ(saved[5].name, "460 nm peak 60 FWHM");
+    script.forms.push_back({"5"});
+    gui->onCmdPickMatchingCurve(nullptr, 0, nullptr);
+    EXPECT_TRUE(gui->getSettings().getBool("enableMatchingMenuItem"));
+    EXPECT_EQ(gui->getSettings().getString("matchingCurveName"), "460 nm peak 60 FWHM");
+    Table_zwk7* table = gui->getDisplayTable();
+    ASSERT_EQ(table->getNumColumns(), 3);
+    std::vector<double> matching(Vantrel::NUM_GRID_POINTS);
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i)
+        matching[i] = std::stod(table->getItemText(i, 2).text());
+    EXPECT_EQ(std::max_element(matching.begin(), matching.end()) - matching.begin(), 50)
+        << "the peak at 460 nm";
+    EXPECT_NEAR(matching[50], saved[5].spectrum[50], saved[5].spectrum[50] * 1e-3);
 }
 
 TEST_F(MainWindow, ColourDefinitionsThatAreNoNumbersAreNamedAtStart) {

@@ -150,6 +150,7 @@ TEST_F(DesignFiles, EveryOptionChangedFromItsDefaultSurvivesQuitAndRestart) {
                                             "main_height",
                                             "plotsSplitter",
                                             "dataSplitter",
+                                            "spectrumTableWidth",
                                             "analysisType",
                                             "spectrumRange",
                                             "irChk",

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "MainWindowFixture.h"
+#include "ReadWriteUserSpectra.h"
 
 namespace fs = std::filesystem;
 
@@ -141,6 +142,73 @@ TEST_F(MainWindowPlots, EachLedAloneIsAPointExceptOneWithoutVisibleLight) {
     EXPECT_EQ(gui->getCIEPlot()->getNumPoints(), 2);
 }
 
+TEST_F(MainWindowPlots, AtTheDefaultSizeTheDiagramFillsATallCanvasForEveryType) {
+    // The window as a first start sizes it on the test's 1600 x 1000 screen.
+    ASSERT_EQ(gui->getRoot()->getHeight(), 1000);
+    gui->onCmdFitToScreenSize(nullptr, 0, nullptr);
+    gui->redrawPlots(true);
+    FXCanvas* canvas = gui->getCIECanvas();
+    EXPECT_GE(canvas->getHeight(), 500);
+    EXPECT_GE(gui->getSpectrumCanvas()->getWidth(), 150) << "the spectrum keeps its place";
+    CIE_Plot* plot = gui->getCIEPlot();
+    // Rows of the colour fill (the locus' inside) on the 1931 diagram.
+    int top = canvas->getHeight(), bottom = -1;
+    const FXColor background = plot->getFillPixel(1, 1);
+    for (int y = 0; y < canvas->getHeight(); ++y) {
+        for (int x = 0; x < canvas->getWidth(); x += 3) {
+            if (plot->getFillPixel(x, y) == background) continue;
+            top = std::min(top, y), bottom = std::max(bottom, y);
+            break;
+        }
+    }
+    EXPECT_GE(bottom - top, canvas->getHeight() * 8 / 10);
+    // Every type, zoomed or not, is drawn to scale up to the pads on one side at least.
+    auto* zoomed = static_cast<FXMenuCheck*>(gui->getOptionWidget("cieDiagramZoomed_Chk"));
+    for (int zoom = 0; zoom < 2; ++zoom) {
+        zoomed->setCheck(zoom);
+        gui->onCmdOptionCheck(zoomed, 0, nullptr);
+        for (int type = 0; type < CIE_Plot::NUM_DIAGRAM_TYPES; ++type) {
+            SCOPED_TRACE(testing::Message() << "type " << type << " zoom " << zoom);
+            auto* radio = static_cast<FXMenuRadio*>(gui->getOptionWidget("cieDiagramType", type));
+            gui->onCmdOptionRadio(radio, 0, nullptr);
+            gui->redrawPlots();
+            int w, h, left, right, padTop, padBottom, l, t, r, b;
+            plot->getSize(&w, &h);
+            plot->getPlotPadding(&left, &right, &padTop, &padBottom);
+            plot->getPlotBoundaries(&l, &t, &r, &b);
+            EXPECT_EQ(w, canvas->getWidth());
+            EXPECT_EQ(h, canvas->getHeight());
+            const bool fillsWidth = std::abs((r - l) - (w - left - right)) <= 1;
+            const bool fillsHeight = std::abs((b - t) - (h - padTop - padBottom)) <= 1;
+            EXPECT_TRUE(fillsWidth || fillsHeight);
+            EXPECT_GE(b - t, canvas->getHeight() / 2);
+        }
+    }
+}
+
+TEST_F(MainWindowPlots, BordersTheUserDraggedComeBackAtTheNextStart) {
+    gui->onCmdFitToScreenSize(nullptr, 0, nullptr);
+    FXCanvas* canvas = gui->getCIECanvas();
+    FXWindow* plotsBeside = canvas->getParent();  // the diagram beside the spectrum
+    FXWindow* row = plotsBeside->getParent();
+    FXWindow* plotsAbove = row->getParent();  // the plots above the result tabs
+    row->setHeight(450);
+    plotsAbove->layout();
+    gui->onCmdPlotSplitter(plotsAbove, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER), nullptr);
+    canvas->setWidth(320);
+    plotsBeside->layout();
+    gui->onCmdPlotSplitter(plotsBeside, FXSEL(SEL_COMMAND, VantrelGUI::ID_PLOT_SPLITTER), nullptr);
+    gui->onCmdQuit(nullptr, 0, nullptr);
+    close();
+    open();
+    EXPECT_EQ(gui->getCIECanvas()->getParent()->getParent()->getHeight(), 450);
+    EXPECT_EQ(gui->getCIECanvas()->getWidth(), 320);
+    // Fitting to the screen gives the choice back to the window.
+    gui->onCmdFitToScreenSize(nullptr, 0, nullptr);
+    EXPECT_GT(gui->getCIECanvas()->getHeight(), 450);
+    EXPECT_NE(gui->getCIECanvas()->getWidth(), 320);
+}
+
 TEST_F(MainWindowPlots, EveryCheckOfTheCIEPlotMenuRedrawsAtOnce) {
     struct Toggle {
         const char* tag;
@@ -247,5 +315,41 @@ TEST_F(MainWindow, ThePhotonFluxTipFollowsThe400To700Limit) {
     EXPECT_NE(std::string(gui->getResultTip("umol/s").text()).find("400 - 700 nm"),
               std::string::npos);
     EXPECT_NE(std::string(gui->getResultTip("umol/J (spec)").text()).find("400 - 700 nm"),
+              std::string::npos);
+}
+
+TEST_F(MainWindow, ReferenceColourFilesAndTheProgramFontOfTheOtherOptionsMenu) {
+    gui->onCmdWrite_RQ_UserColors(nullptr, FXSEL(SEL_COMMAND, VantrelGUI::ID_WRITE_R_COLORS),
+                                  nullptr);
+    gui->onCmdWriteCESColorsToFile(nullptr, FXSEL(SEL_COMMAND, VantrelGUI::ID_WRITE_CES_DATA),
+                                   nullptr);
+    std::vector<ledTypeStruct> read(20);
+    const ReadWriteUserSpectra library(true, true, 0, read.data(),
+                                       (folder / "R_values.cols").string(), LIBRARY_COLORS);
+    EXPECT_FALSE(library.getError()) << library.getErrorMessage();
+    ASSERT_EQ(library.getNumUserData(), 15);
+    EXPECT_STREQ(read[0].name, "R1");
+    EXPECT_NEAR(read[0].spectrum[70], 0.223, 1e-3);  // CIE 13.3 TCS01 at 500 nm
+    std::ifstream ces(folder / "CES_data.xls");
+    std::string first;
+    std::getline(ces, first);
+    EXPECT_EQ(first, "1 - Nature");
+
+    // A font face and size the dialog returns is kept and used from the next start.
+    script.forms.push_back({"DejaVu Sans", "120", "400", "2", "0", "0", "0"});
+    gui->onCmdProgramFont(nullptr, 0, nullptr);
+    EXPECT_EQ(gui->getSettings().getString("programFontDescription.face"), "DejaVu Sans");
+    gui->onCmdQuit(nullptr, 0, nullptr);
+    close();
+    open();
+    FXFontDesc desc;
+    guiTestApp()->getNormalFont()->getFontDesc(desc);
+    EXPECT_STREQ(desc.face, "DejaVu Sans");
+    EXPECT_EQ(desc.size, 120u);
+    // A face left empty is refused and changes nothing.
+    script.forms.push_back({"", "90", "400", "2", "0", "0", "0"});
+    gui->onCmdProgramFont(nullptr, 0, nullptr);
+    EXPECT_EQ(gui->getSettings().getString("programFontDescription.face"), "DejaVu Sans");
+    EXPECT_NE(boxes().find("Font error: Please choose a font face of 6 to 24 points."),
               std::string::npos);
 }
