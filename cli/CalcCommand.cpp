@@ -210,6 +210,7 @@ const char* cliUsage() {
            "  calc     results of spectrum files, one table row per spectrum\n"
            "  convert  spectra of any readable file as a table or into a user library\n"
            "  check-update  ask the version server whether a newer version exists\n"
+           "  report   a quality chart or the TM-30 report of a spectrum as PDF, SVG or PNG\n"
            "\n"
            "Run 'lumivar-cli calc --help' for the options of calc.\n";
 }

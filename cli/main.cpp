@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "CairoCanvas.h"
 #include "CalcCommand.h"
 #include "CheckUpdateCommand.h"
 #include "ConvertCommand.h"
+#include "ReportCommand.h"
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
@@ -31,6 +33,16 @@ int main(int argc, char** argv) {
     if (command == "check-update") {
         try {
             return runCheckUpdate({args.begin() + 1, args.end()}, std::cout, std::cerr);
+        } catch (const std::exception& e) {
+            std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
+            return EXIT_INPUT_PROBLEM;
+        }
+    }
+    if (command == "report") {
+        try {
+            const int status = runReport({args.begin() + 1, args.end()}, std::cout, std::cerr);
+            releaseCairoCaches();
+            return status;
         } catch (const std::exception& e) {
             std::cerr << CLI_PROGRAM_NAME << ": " << e.what() << '\n';
             return EXIT_INPUT_PROBLEM;

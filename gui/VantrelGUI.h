@@ -143,6 +143,9 @@ class VantrelGUI : public FXMainWindow {
         ID_CHECK_UPDATES_30_DAYS_TIMER,
         ID_WEB_UPDATES_THREAD_ENDED,
         ID_WEB_UPDATES_WAIT_LIMIT,
+        ID_QUALITY_PLOT,  // by QualityChart: the report, R and Q bars, planes, TM-30, TLCI
+        ID_QUALITY_PLOT_LAST = ID_QUALITY_PLOT + 15,
+        ID_WRITE_TM30_JAB,
         ID_LAST
     };
 
@@ -208,6 +211,9 @@ class VantrelGUI : public FXMainWindow {
     // Imports of spectrometer and text files into the libraries.
     long onCmdOpenISDspecFile(FXObject*, FXSelector, void*);
     long onCmdOpenFilterColorFile(FXObject*, FXSelector, void*);
+    // The quality chart windows (the selector's id tells which) and the J'a'b' file.
+    long onCmdQualityPlot(FXObject*, FXSelector, void*);
+    long onCmdWriteTM30JabValuesToAFile(FXObject*, FXSelector, void*);
 
     // Spectrum tables: clicks, keys and replaced cells of every table, and the popup entries.
     long onCmdTable(FXObject*, FXSelector, void*);
@@ -317,6 +323,14 @@ class VantrelGUI : public FXMainWindow {
     // for the peak generator; returns how many were made.
     int autoGenerateGaussianPeaks();
     FXTabBook* getResultTabs() const { return resultTabs; }
+    // The chart window the last quality plot command opened, while it is open (tests).
+    class QualityPlotWindow* getQualityPlotWindow() const {
+        return qualityPlotWindow;
+    }
+    // With a driver (tests) the quality plot windows are not run modal: drive works them.
+    void setQualityPlotDriver(const std::function<void(class QualityPlotWindow&)>& drive) {
+        qualityPlotDriver = drive;
+    }
     FXCanvas* getCIECanvas() const { return ciePlotCanvas; }
     FXCanvas* getSpectrumCanvas() const { return spectrumPlotCanvas; }
     CIE_Plot* getCIEPlot() const { return ciePlot.get(); }
@@ -529,6 +543,8 @@ class VantrelGUI : public FXMainWindow {
     std::vector<double> plotWavelengths;
     std::vector<double> matchingSpectrum;  // the valid matching curve of the last run, or none
     std::unique_ptr<CIE_Plot> ciePlot;
+    class QualityPlotWindow* qualityPlotWindow = nullptr;
+    std::function<void(class QualityPlotWindow&)> qualityPlotDriver;
     std::unique_ptr<SpectrumPlot> spectrumPlot;
     double spectrumMinNm = 0, spectrumMaxNm = 0;  // the wheel's window; 0: the whole grid
     double spectrumShownMinNm = 360, spectrumShownMaxNm = 830;

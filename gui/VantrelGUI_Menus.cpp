@@ -6,6 +6,7 @@
 #include "AppConstants.h"
 #include "Fox_Fixes/Table_zwk7.h"
 #include "GamutClass.h"
+#include "QualityCharts.h"
 #include "StandardIlluminants.h"
 #include "ValueFormat.h"
 #include "VantrelGUI.h"
@@ -404,10 +405,32 @@ void VantrelGUI::buildMenus() {
         cmd("Save spectrum plot image...", ID_SAVE_SPECTRUM_IMAGE),
         cmd("Customize/Save spectrum plot...")};
     addMenu("Spectrum Plot", spectrumPlot, std::size(spectrumPlot));
-    const MenuItemDef tm30[] = {cmd(ValueFormat::format(
-        "IES %s chroma shifts, hue shifts and Rf histograms for the %d hues", TM30_NAME, 16))};
+    auto chart = [](QualityChart c) { return ID_QUALITY_PLOT + static_cast<FXSelector>(c); };
+    const MenuItemDef tm30[] = {
+        cmd(ValueFormat::format(
+                "IES %s chroma shifts, hue shifts and Rf histograms for the %d hues", TM30_NAME,
+                16),
+            chart(QualityChart::RF_HUE)),
+        cmd(ValueFormat::format("IES %s color Rf histogram for the reference colors", TM30_NAME),
+            chart(QualityChart::RF_SAMPLES)),
+        cmd(ValueFormat::format("IES %s color patches for the reference colors", TM30_NAME),
+            chart(QualityChart::TM30_PATCHES)),
+        cmd(ValueFormat::format("IES %s Rg versus Rf plot", TM30_NAME), chart(QualityChart::RG_RF)),
+        cmd(ValueFormat::format("IES %s color vector graphic and icon plots", TM30_NAME),
+            chart(QualityChart::GRAPHIC)),
+        cmd(ValueFormat::format("IES %s CAM02-UCS plot", TM30_NAME),
+            chart(QualityChart::CAM02_UCS)),
+        cmd(ValueFormat::format("IES %s report", TM30_NAME), chart(QualityChart::TM30_REPORT)),
+        sep(),
+        cmd(ValueFormat::format("Write IES %s J'a'b', Rf,i and Rf,h values to a file...",
+                                TM30_NAME),
+            ID_WRITE_TM30_JAB)};
     addMenu(ValueFormat::format("IES %s", TM30_NAME).c_str(), tm30, std::size(tm30));
-    const MenuItemDef otherPlots[] = {cmd("Plot R-values or Q-values"), cmd("Show color patches")};
+    const MenuItemDef otherPlots[] = {
+        cmd("Plot R-values or Q-values", chart(QualityChart::RVALUES)),
+        cmd("Plot CIELAB values", chart(QualityChart::CIELAB_R)),
+        cmd("TLCI-2012 graphic", chart(QualityChart::TLCI)),
+        cmd("Show color patches", chart(QualityChart::CRI_PATCHES))};
     addMenu("Other Plots", otherPlots, std::size(otherPlots));
 
     const MenuItemDef calculations[] = {

@@ -9,6 +9,7 @@ packages=(
     libfox-1.6-dev
     libgl-dev libglu1-mesa-dev
     libgtest-dev libgmock-dev libbenchmark-dev
+    libcairo2-dev
     xvfb xauth fonts-dejavu-core
 )
 if [ "${1:-}" = "fuzz" ]; then
