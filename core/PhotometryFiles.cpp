@@ -455,7 +455,8 @@ const char* const Q_VALUE_COLOR_NAMES[15] = {
 
 std::string uvPrimeExport(const std::string& runName, const double criU[2][15],
                           const double criV[2][15], const double cqsU[2][15],
-                          const double cqsV[2][15], bool commaDecimals) {
+                          const double cqsV[2][15], bool commaDecimals,
+                          const std::vector<UserColourUV>& userColours) {
     std::string text = ValueFormat::format("Color\tu'(test)\tv' (test)\tu' (ref)\tv' (ref)\t%s\n",
                                            runName.c_str());
     for (int k = 0; k < 15; ++k)
@@ -466,6 +467,9 @@ std::string uvPrimeExport(const std::string& runName, const double criU[2][15],
         text += ValueFormat::format("Q%d\t%.4lf\t%.4lf\t%.4lf\t%.4lf", k + 1, cqsU[0][k],
                                     cqsV[0][k], cqsU[1][k], cqsV[1][k]) +
                 ValueFormat::format("\t%s\n", Q_VALUE_COLOR_NAMES[k]);
+    for (const UserColourUV& c : userColours)
+        text += ValueFormat::format("%s\t", c.name.c_str()) +
+                ValueFormat::format("%.4lf\t%.4lf\t%.4lf\t%.4lf\n", c.u[0], c.v[0], c.u[1], c.v[1]);
     commaFor(text, commaDecimals);
     return text;
 }

@@ -89,11 +89,17 @@ bool writeOrderToFile(const std::string& path, const OutputField* fields, const 
 // the order as it was for those fields. False when the file can't be read.
 bool readOrderToFile(const std::string& path, OutputField* fields, int* order);
 
-#endif  // LUMIVAR_CORE_PHOTOMETRYFILES_H
-
 // The u'v' of the R and Q samples under the test light and the reference, for the spreadsheet
 // file CRI_CQS_UPVP_FILENAME: a title row with the run's name, then one row per sample with
 // its Munsell name. u and v: [0] test, [1] reference, 15 samples each.
+// The checked user colours follow the samples, each with its own u'v' pairs.
+struct UserColourUV {
+    std::string name;
+    double u[2], v[2];  // [0] test, [1] reference
+};
 std::string uvPrimeExport(const std::string& runName, const double criU[2][15],
                           const double criV[2][15], const double cqsU[2][15],
-                          const double cqsV[2][15], bool commaDecimals);
+                          const double cqsV[2][15], bool commaDecimals,
+                          const std::vector<UserColourUV>& userColours = {});
+
+#endif  // LUMIVAR_CORE_PHOTOMETRYFILES_H

@@ -481,6 +481,8 @@ long VantrelGUI::onCmdOptionCheck(FXObject* sender, FXSelector, void*) {
             setupTable();
             clearOutput();
         }
+        if (binding.tag == "enableMatchingMenuItem" || binding.tag == "hideSpectrumDataMenuItem")
+            setSpectrumTableVisibility();
         if (binding.tag == "cieDiagramZoomed_Chk" || binding.tag == "enableSmartZoom") {
             resetCIEZoomPending = true;
         }

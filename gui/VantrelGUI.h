@@ -233,6 +233,8 @@ class VantrelGUI : public FXMainWindow {
     long onCmdPrint(FXObject*, FXSelector, void*);
     // The diagram on one page of the printer (or PostScript file) chosen; false on failure.
     bool printCIEDiagram(FXPrinter& printer);
+    // The u'v' of the checked user colours under the last result and its CRI reference.
+    std::vector<UserColourUV> checkedUserColoursUV(const Vantrel& engine) const;
     // The update check, on command and by the start-up timers.
     long onCmdCheckForUpdates(FXObject*, FXSelector, void*);
     long onCmdCheckForUpdatesEveryXDays(FXObject*, FXSelector, void*);

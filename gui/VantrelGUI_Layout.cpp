@@ -203,6 +203,19 @@ void VantrelGUI::setSpectrumTableVisibility() {
     FXMenuCommand* commands[3] = {editSelectAll, editCopy, editPaste};
     for (FXMenuCommand* command : commands) command->setTarget(shown);
     for (FXButton* button : tableButtons) button->setTarget(shown);
+    // "Hide the spectrum data when possible": the table goes while it takes no input, that is
+    // for an analysis that reads no table and without a matching column to type into.
+    FXWindow* pane = tableSwitcher->getParent();
+    const bool hide = settings.getBool("hideSpectrumDataMenuItem") && !inputShown &&
+                      !settings.getBool("enableMatchingMenuItem");
+    if (hide == pane->shown()) {
+        if (hide) {
+            pane->hide();
+        } else {
+            pane->show();
+        }
+        pane->getParent()->recalc();
+    }
 }
 
 Table_zwk7* VantrelGUI::getShownTable() const {

@@ -107,7 +107,8 @@ void VantrelGUI::writePhotometryFiles() {
         const Vantrel& engine = model->calculator().firstEngine();
         engine.get_CRI_uv_prime(cu, cv);
         engine.get_CQS_uv_prime(qu, qv);
-        const std::string text = uvPrimeExport(run.name, criU, criV, cqsU, cqsV, run.commaDecimals);
+        const std::string text = uvPrimeExport(run.name, criU, criV, cqsU, cqsV, run.commaDecimals,
+                                               checkedUserColoursUV(engine));
         std::FILE* file = std::fopen(
             CRI_CQS_UPVP_FILENAME,
             photometryState.tabFileStarted || photometryState.photometryFileStarted ? "a" : "w");
@@ -155,6 +156,31 @@ long VantrelGUI::onCmdOpenTxtFile(FXObject*, FXSelector sel, void*) {
 long VantrelGUI::onCmdOpenXlsFile(FXObject*, FXSelector, void*) {
     openWithDesktop(photometryTabPath());
     return 1;
+}
+
+std::vector<UserColourUV> VantrelGUI::checkedUserColoursUV(const Vantrel& engine) const {
+    // Each checked colour under the light and under its CRI reference at the same CCT.
+    std::vector<UserColourUV> colours;
+    std::vector<double> reference(Vantrel::NUM_GRID_POINTS_IR, 0.0);
+    engine.getReferenceSpectrum(engine.getCCT(), reference.data());
+    const auto upvp = [](double x, double y, double* u, double* v) {
+        const double d = -2.0 * x + 12.0 * y + 3.0;
+        *u = 4.0 * x / d;
+        *v = 1.5 * 6.0 * y / d;
+    };
+    for (std::size_t c = 0; c < colorChecks.size() && c < colorSpectra.size(); ++c) {
+        if (!colorChecks[c]->getCheck()) continue;
+        UserColourUV entry;
+        entry.name = colorSpectra[c].name;
+        const double* sources[2] = {mixedSpectrum.data(), reference.data()};
+        for (int j = 0; j < 2; ++j) {
+            double X, Y, Z, x, y;
+            engine.cie_XYZ(3, sources[j], colorSpectra[c].spectrum, &X, &Y, &Z, &x, &y);
+            upvp(x, y, &entry.u[j], &entry.v[j]);
+        }
+        colours.push_back(entry);
+    }
+    return colours;
 }
 
 long VantrelGUI::onCmdPrint(FXObject*, FXSelector, void*) {

@@ -381,3 +381,24 @@ TEST_F(MainWindow, ReferenceColourFilesAndTheProgramFontOfTheOtherOptionsMenu) {
     EXPECT_NE(boxes().find("Font error: Please choose a font face of 6 to 24 points."),
               std::string::npos);
 }
+
+TEST_F(MainWindow, TheSpectrumDataHidesOnlyWhileItTakesNoInput) {
+    FXWindow* pane = gui->getDisplayTable()->getParent()->getParent();
+    auto* hide = static_cast<FXMenuCheck*>(gui->getOptionWidget("hideSpectrumDataMenuItem"));
+    hide->setCheck(TRUE);
+    gui->onCmdOptionCheck(hide, 0, nullptr);
+    EXPECT_TRUE(pane->shown()) << "direct input reads the table";
+    chooseAnalysis(2);
+    EXPECT_FALSE(pane->shown()) << "a black body needs no table";
+    // A matching column takes input even there.
+    auto* matching = static_cast<FXMenuCheck*>(gui->getOptionWidget("enableMatchingMenuItem"));
+    matching->setCheck(TRUE);
+    gui->onCmdOptionCheck(matching, 0, nullptr);
+    EXPECT_TRUE(pane->shown());
+    matching->setCheck(FALSE);
+    gui->onCmdOptionCheck(matching, 0, nullptr);
+    EXPECT_FALSE(pane->shown());
+    hide->setCheck(FALSE);
+    gui->onCmdOptionCheck(hide, 0, nullptr);
+    EXPECT_TRUE(pane->shown());
+}

@@ -2,6 +2,7 @@
 // the Help menu and the start-up timers against a server on this machine.
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -10,6 +11,7 @@
 
 #include "AppConstants.h"
 #include "MainWindowFixture.h"
+#include "ReadWriteUserSpectra.h"
 #include "SetOutputOrderForExcelFile.h"
 #include "support/LocalHttpServer.h"
 
@@ -201,6 +203,39 @@ TEST_F(MainWindow, TheSevenDayTimerChecksOnlyOnceTheWeekIsOver) {
     EXPECT_NE(server.lastRequest(), "");
     EXPECT_EQ(settings.getUInt64("lastTimeUpdatesChecked_secondsSince1970"), now);
     EXPECT_TRUE(script.shown.empty()) << "the start-up check is quiet about the current version";
+}
+
+TEST_F(Photometry, TheUvExportEndsWithTheCheckedUserColours) {
+    // A perfect white reflector as the one user colour: under the light it has the light's own
+    // u'v', the ones the result fields show.
+    close();
+    std::vector<ledTypeStruct> white(1);
+    std::snprintf(white[0].name, sizeof white[0].name, "%s", "White tile");
+    std::fill(std::begin(white[0].spectrum), std::end(white[0].spectrum), 1.0);
+    const ReadWriteUserSpectra written(1, nullptr, white.data(), "w",
+                                       (folder / "userColors.cols").string(), LIBRARY_COLORS,
+                                       false);
+    ASSERT_FALSE(written.getError()) << written.getErrorMessage();
+    open();
+    chooseAnalysis(1);
+    chooseRange(RANGE_360_830_2NM);
+    paste(RANGE_360_830_2NM, warmWhite());
+    gui->getColorCheck(0)->setCheck(TRUE);
+    gui->getSettings().setBool("writeColors_upvp_ExcelMenuItem", true);
+    calculate();
+    const std::vector<std::string> uv = lines(readAll(folder / CRI_CQS_UPVP_FILENAME));
+    ASSERT_EQ(uv.size(), 32u);
+    std::istringstream row(uv[31]);
+    std::string name;
+    double up, vp, upRef, vpRef;
+    std::getline(row, name, '\t');
+    ASSERT_TRUE(row >> up >> vp >> upRef >> vpRef) << uv[31];
+    EXPECT_EQ(name, "White tile");
+    EXPECT_NEAR(up, std::stod(result("u'")), 1.5e-4);
+    EXPECT_NEAR(vp, std::stod(result("v'")), 1.5e-4);
+    // The reference of a light near the locus lies close to it, but on the locus.
+    EXPECT_NEAR(upRef, up, 0.01);
+    EXPECT_NEAR(vpRef, vp, 0.01);
 }
 
 TEST_F(Photometry, TheUvExportAndTheUsageRecordAreWrittenOnlyWhenAskedFor) {
