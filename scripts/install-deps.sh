@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
     build-essential g++ cmake make pkg-config ccache
-    libfox-1.6-dev
+    libfox-1.6-dev libx11-dev
     libgl-dev libglu1-mesa-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     libcairo2-dev

@@ -18,4 +18,7 @@ inline FXApp* guiTestApp() {
     return app;
 }
 
+// Drops every event still queued for the display, those of windows already gone included.
+void discardPendingEvents();
+
 #endif  // LUMIVAR_TESTS_GUITESTAPP_H

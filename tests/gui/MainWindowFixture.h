@@ -53,6 +53,9 @@ class MainWindow : public ::testing::Test {
     }
     void TearDown() override {
         close();
+        // Paint requests a test left behind go with its window: left in the display's queue
+        // they would make every later repaint scan them all.
+        discardPendingEvents();
         UserDialogs::setScript(nullptr);
         std::filesystem::remove_all(folder);
     }
