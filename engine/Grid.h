@@ -17,10 +17,11 @@ constexpr double nm(int i) { return FIRST_NM + STEP_NM * i; }
 constexpr double metres(int i) { return 3.6e-7 + i * 2e-9; }
 }  // namespace grid
 
+// PI_EXACT, not PI: the toolkit's headers define a PI macro.
 namespace angle {
-constexpr double PI = 3.14159265358979323846;
-constexpr double DEG_TO_RAD = PI / 180.0;
-constexpr double RAD_TO_DEG = 180.0 / PI;
+constexpr double PI_EXACT = 3.14159265358979323846;
+constexpr double DEG_TO_RAD = PI_EXACT / 180.0;
+constexpr double RAD_TO_DEG = 180.0 / PI_EXACT;
 }  // namespace angle
 
 #endif  // LUMIVAR_ENGINE_GRID_H

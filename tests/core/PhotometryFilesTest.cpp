@@ -8,24 +8,14 @@
 
 #include "AppConstants.h"
 #include "PhotometryFiles.h"
+#include "TestFiles.h"
 #include "Vantrel.h"
 
 namespace {
 namespace fs = std::filesystem;
 
-std::string readAll(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-std::vector<std::string> lines(const std::string& text) {
-    std::vector<std::string> all;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) all.push_back(line);
-    return all;
-}
+using testutil::lines;
+using testutil::readAll;
 
 // Field texts "v0" ... "v150" with a decimal point in every tenth.
 std::vector<ResultField> numberedValues() {

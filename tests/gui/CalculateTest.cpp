@@ -14,6 +14,7 @@
 #include "GaussianSpectrum.h"
 #include "MainWindowFixture.h"
 #include "ReadWriteUserSpectra.h"
+#include "TestSpectra.h"
 
 namespace {
 
@@ -361,19 +362,7 @@ TEST_F(MainWindow, WindowAndCommandLineToolGiveTheSameTexts) {
 }
 
 // The 236 numbers of a 2 nm table in W/nm, one per line of "nm value".
-std::string gridTableText() {
-    std::string text;
-    char row[64];
-    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
-        const double nm = 360.0 + 2.0 * i;
-        // A warm white: a blue peak over a broad phosphor band, never quite dark.
-        const double v = 0.2 * std::exp(-0.5 * std::pow((nm - 450.0) / 10.0, 2)) +
-                         0.6 * std::exp(-0.5 * std::pow((nm - 600.0) / 60.0, 2)) + 0.001;
-        std::snprintf(row, sizeof row, "%.0f\t%.6g\n", nm, v);
-        text += row;
-    }
-    return text;
-}
+std::string gridTableText() { return testutil::warmWhiteTableText(); }
 
 TEST_F(MainWindow, ASpectrumOnTheGridGivesTheSameTextsInTheTwoNanometreTableAndTheTool) {
     const std::string text = gridTableText();

@@ -13,36 +13,16 @@
 #include "MainWindowFixture.h"
 #include "ReadWriteUserSpectra.h"
 #include "SetOutputOrderForExcelFile.h"
+#include "TestFiles.h"
+#include "TestSpectra.h"
 #include "support/LocalHttpServer.h"
 
 namespace {
-std::string readAll(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
-std::vector<std::string> lines(const std::string& text) {
-    std::vector<std::string> all;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) all.push_back(line);
-    return all;
-}
+using testutil::lines;
+using testutil::readAll;
 
-// A warm white on the 2 nm grid, "nm value" per line.
-std::string warmWhite() {
-    std::string text;
-    char row[64];
-    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
-        const double nm = 360.0 + 2.0 * i;
-        const double v = 0.2 * std::exp(-0.5 * std::pow((nm - 450.0) / 10.0, 2)) +
-                         0.6 * std::exp(-0.5 * std::pow((nm - 600.0) / 60.0, 2)) + 0.001;
-        std::snprintf(row, sizeof row, "%.0f\t%.6g\n", nm, v);
-        text += row;
-    }
-    return text;
-}
+std::string warmWhite() { return testutil::warmWhiteTableText(); }
 
 // Runs the test in the window's folder, where the order file lives, and goes back after.
 class Photometry : public MainWindow {

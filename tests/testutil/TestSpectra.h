@@ -4,6 +4,7 @@
 #define LUMIVAR_TESTS_TESTUTIL_TESTSPECTRA_H
 
 #include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -51,6 +52,21 @@ inline std::vector<double> gaussianSpectrum(double centreNm, double sigmaNm, dou
         s[i] = height * std::exp(-0.5 * d * d);
     }
     return s;
+}
+
+// A warm white (a blue peak over a broad phosphor band, never quite dark) as the text of a 2 nm
+// table, "nm<TAB>value" a line, as a user pastes it.
+inline std::string warmWhiteTableText() {
+    std::string text;
+    char row[64];
+    for (int i = 0; i < Vantrel::NUM_GRID_POINTS; ++i) {
+        const double nm = grid::nm(i);
+        const double v = 0.2 * std::exp(-0.5 * std::pow((nm - 450.0) / 10.0, 2)) +
+                         0.6 * std::exp(-0.5 * std::pow((nm - 600.0) / 60.0, 2)) + 0.001;
+        std::snprintf(row, sizeof row, "%.0f\t%.6g\n", nm, v);
+        text += row;
+    }
+    return text;
 }
 
 }  // namespace testutil
